@@ -1,0 +1,54 @@
+# What every target of the project has in common, in one place.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+# Programs and the files they look for beside themselves (key file, catalogues)
+# lie in the build tree as they do once installed: bin/ and share/.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+if(NOT CMAKE_BUILD_TYPE)
+    set(CMAKE_BUILD_TYPE RelWithDebInfo)
+endif()
+
+find_program(KELMAR_CCACHE ccache)
+if(KELMAR_CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${KELMAR_CCACHE}")
+endif()
+
+add_library(kelmar_options INTERFACE)
+target_compile_options(kelmar_options INTERFACE
+    -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wcast-qual)
+target_include_directories(kelmar_options INTERFACE "${CMAKE_SOURCE_DIR}/src")
+if(KELMAR_SANITIZE)
+    target_compile_options(kelmar_options INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(kelmar_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# kelmar_library(NAME SOURCES ... [PUBLIC ...] [PRIVATE ...]): one library a layer.
+function(kelmar_library name)
+    cmake_parse_arguments(arg "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+    add_library(${name} STATIC ${arg_SOURCES})
+    target_link_libraries(${name} PUBLIC kelmar_options ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
+endfunction()
+
+# kelmar_program(NAME SOURCES ... [LIBRARIES ...]): a thin main over the layers.
+function(kelmar_program name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE kelmar_options ${arg_LIBRARIES})
+    install(TARGETS ${name} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endfunction()
+
+# kelmar_test(NAME SOURCES ... [LIBRARIES ...] [LABELS ...]): a GoogleTest program, its cases known to ctest.
+function(kelmar_test name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES;LABELS" ${ARGN})
+    add_executable(${name} ${arg_SOURCES})
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
+    target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}")
+    target_link_libraries(${name} PRIVATE kelmar_options ${arg_LIBRARIES}
+        GTest::gtest GTest::gmock GTest::gtest_main)
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES LABELS "${arg_LABELS}")
+endfunction()

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "Host/ExtensionFile.h"
+#include "Host/UrlOpener.h"
+#include "Kit/Descriptor.h"
+#include "Kit/Environment.h"
+#include "Kit/Timeline.h"
+#include "System/Clock.h"
+#include "System/Result.h"
+
+namespace kelmar::host {
+
+/// One widget on the desktop, for as long as it is there.
+using WidgetId = int;
+
+/// Keeps the content of the placed widgets right: asks the extension for timelines, decides which
+/// entry shows, reloads when the rules say so, runs actions and opens links. Knows no widget and no
+/// window; whoever draws listens to `entryChanged`.
+class WidgetHost final : public QObject {
+    Q_OBJECT
+
+public:
+    /// `clock` and `urlOpener` must outlive the host.
+    WidgetHost(ExtensionFile extensionFile, UrlOpener& urlOpener, const system::Clock& clock,
+               QObject* parent = nullptr);
+    ~WidgetHost() override;
+
+    /// What the extension offers; absent until it has answered once.
+    [[nodiscard]] const std::optional<kit::Bundle>& bundle() const;
+
+    /// A widget is now on the desktop. Its placeholder, then its timeline are asked for at once.
+    WidgetId add(const std::string& kind, const kit::Environment& environment);
+    void setEnvironment(WidgetId id, const kit::Environment& environment);
+    void remove(WidgetId id);
+
+    /// The entry to draw now, or nothing while no answer has come yet.
+    [[nodiscard]] const kit::Entry* shownEntry(WidgetId id) const;
+    /// Whether `shownEntry` is only the placeholder, to be drawn redacted.
+    [[nodiscard]] bool showsPlaceholder(WidgetId id) const;
+
+    /// Runs an action of a widget; when it has ended all widgets are reloaded.
+    void perform(const kit::Intent& intent);
+    /// Opens a link that the user pressed, if its scheme is the extension's own.
+    void openLink(const std::string& url);
+    /// One entry as the gallery shows it.
+    void requestPreview(const std::string& kind, const kit::Environment& environment,
+                        std::function<void(system::Result<kit::Entry>)> answer);
+
+    void reload(const std::string& kind);
+    void reloadAll();
+
+signals:
+    void bundleChanged();
+    void entryChanged(kelmar::host::WidgetId id);
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace kelmar::host

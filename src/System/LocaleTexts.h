@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "System/Date.h"
+
+namespace kelmar::system {
+
+/// Dates, times and numbers as the user's locale writes them (CLDR patterns through ICU), in the
+/// user's time zone and calendar. Examples are those of en_US.
+class LocaleTexts {
+public:
+    /// `localeId` as in "de_DE" or "ar@calendar=gregorian", `timeZoneId` an IANA name; empty
+    /// texts mean the environment's own.
+    LocaleTexts(const std::string& localeId, const std::string& timeZoneId);
+    ~LocaleTexts();
+    LocaleTexts(LocaleTexts&&) noexcept;
+    LocaleTexts& operator=(LocaleTexts&&) noexcept;
+
+    [[nodiscard]] std::string shortTime(Date date) const;                ///< "3:30 PM"
+    [[nodiscard]] std::string weekday(Date date) const;                  ///< "Thursday"
+    [[nodiscard]] std::string narrowWeekday(Date date) const;            ///< "T"
+    [[nodiscard]] std::string monthAndDay(Date date) const;              ///< "Oct 9"
+    [[nodiscard]] std::string weekdayMonthAndDay(Date date) const;       ///< "Thursday, Oct 9"
+    [[nodiscard]] std::string shortWeekdayMonthAndDay(Date date) const;  ///< "Thu, Oct 9"
+    [[nodiscard]] bool isRightToLeft() const;
+
+private:
+    struct Formats;
+    std::unique_ptr<Formats> formats_;
+};
+
+}  // namespace kelmar::system

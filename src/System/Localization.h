@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kelmar::system {
+
+/// The words of the user interface in the user's language. A key is the English text itself; a
+/// language without a catalogue, or a catalogue without the key, shows the key.
+class Localization {
+public:
+    virtual ~Localization() = default;
+    [[nodiscard]] virtual std::string text(std::string_view englishKey) const = 0;
+
+    /// The text of a key that holds one "{}", with `argument` in its place.
+    [[nodiscard]] std::string text(std::string_view englishKey, std::string_view argument) const;
+};
+
+/// English: every key as it stands.
+class EnglishLocalization final : public Localization {
+public:
+    using Localization::text;
+    [[nodiscard]] std::string text(std::string_view englishKey) const override;
+};
+
+/// gettext catalogues under `catalogueFolder`/LANGUAGE/LC_MESSAGES. gettext's choice of language
+/// belongs to the process, so a process makes one of these, at its start.
+class GettextLocalization final : public Localization {
+public:
+    GettextLocalization(const std::string& localeId, const std::string& catalogueFolder);
+    using Localization::text;
+    [[nodiscard]] std::string text(std::string_view englishKey) const override;
+};
+
+/// Where the catalogues lie for a program of this project: beside its own folder, in share/locale.
+[[nodiscard]] std::string catalogueFolder();
+
+}  // namespace kelmar::system
