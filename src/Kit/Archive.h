@@ -1,10 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "Kit/Timeline.h"
 #include "Kit/View.h"
+#include "System/JsonWriter.h"
 #include "System/Result.h"
 
 /// The JSON form of views: the wire format, the output of the command line and the golden form of
@@ -16,12 +18,12 @@ namespace kelmar::kit {
 inline constexpr int maximumDepth = 64;
 inline constexpr int maximumNodes = 10'000;
 
-/// Whether JSON is written for a machine, on one line, or for a person.
-enum class JsonStyle { compact, pretty };
-
-[[nodiscard]] std::string encodeView(const View& view, JsonStyle style = JsonStyle::compact);
-[[nodiscard]] std::string encodeDrawnEntry(const DrawnEntry& entry,
-                                           JsonStyle style = JsonStyle::compact);
+[[nodiscard]] std::string encodeView(const View& view);
+[[nodiscard]] std::string encodeDrawnEntry(const DrawnEntry& entry);
+/// The same as a part of something larger.
+void writeView(system::JsonWriter& json, const View& view);
+void writeDrawnEntry(system::JsonWriter& json, const DrawnEntry& entry);
+void writeIntent(system::JsonWriter& json, const Intent& intent);
 
 /// The view of an archive, or which node is wrong and why. Unknown or malformed nodes, numbers
 /// that are not finite and trees beyond the limits are refused as a whole.

@@ -11,6 +11,7 @@
 #include "Kit/Environment.h"
 #include "Kit/Intent.h"
 #include "Kit/Timeline.h"
+#include "System/JsonWriter.h"
 #include "System/Result.h"
 
 /// The messages of a host and an extension: JSON-RPC 2.0, one message a line, UTF-8. Dates are
@@ -63,10 +64,11 @@ struct OpenRequest {
 using RequestBody =
     std::variant<InitializeRequest, EntryRequest, ControlRequest, PerformRequest, OpenRequest>;
 
-using MessageId = std::int64_t;
+/// A request is answered under the id that its sender chose.
+using MessageId = std::variant<std::int64_t, std::string>;
 
 struct Request {
-    MessageId id = 0;
+    std::optional<MessageId> id;  ///< Absent in a notification, which nobody answers.
     RequestBody body;
     bool operator==(const Request&) const = default;
 };
@@ -98,9 +100,10 @@ struct Response {
 
 using Message = std::variant<Request, Response>;
 
-/// A line that is no message: the answer that it deserves.
+/// A line that is no message.
 struct InvalidLine {
-    Response answer;
+    std::string reason;
+    std::optional<Response> answer;  ///< What its sender is told; a bad notification gets nothing.
     bool operator==(const InvalidLine&) const = default;
 };
 
@@ -108,14 +111,17 @@ struct InvalidLine {
 
 [[nodiscard]] std::string encodeRequest(const Request& request);
 /// `resultJson` as written by one of the encoders below.
-[[nodiscard]] std::string encodeResponse(MessageId id, std::string_view resultJson);
-[[nodiscard]] std::string encodeError(std::optional<MessageId> id, const ResponseError& error);
+[[nodiscard]] std::string encodeResponse(const MessageId& id, std::string_view resultJson);
+[[nodiscard]] std::string encodeError(const std::optional<MessageId>& id,
+                                      const ResponseError& error);
 
 // Results --------------------------------------------------------------------------------------
 
 [[nodiscard]] std::string encodeBundle(const Bundle& bundle);
 [[nodiscard]] std::string encodeEntry(const Entry& entry);
 [[nodiscard]] std::string encodeTimeline(const Timeline& timeline);
+/// {"after": date} or "never", as a part of something larger.
+void writePolicy(system::JsonWriter& json, const ReloadPolicy& policy);
 [[nodiscard]] std::string encodeControlValue(const ControlValue& value);
 inline constexpr std::string_view emptyResult = "{}";
 
