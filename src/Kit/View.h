@@ -1,8 +1,10 @@
 #pragma once
 
+#include <concepts>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -22,6 +24,9 @@ struct View;
 class Child {
 public:
     Child(View view);  // NOLINT(google-explicit-constructor): a modifier reads like its child
+    template <class Node>
+    requires(!std::same_as<Node, Child> && !std::same_as<Node, View>) Child(Node node)
+        : Child(View(std::move(node))) {}  // NOLINT(google-explicit-constructor)
 
     [[nodiscard]] const View& operator*() const { return *view_; }
     [[nodiscard]] const View* operator->() const { return view_.get(); }
@@ -48,7 +53,7 @@ struct Text {
     std::string text;
     Font font;
     Color color = primary;
-    std::optional<int> lineLimit;
+    std::optional<int> lineLimit = std::nullopt;
     double minimumScale = 1;  ///< How far one line may shrink before it is cut off.
     bool strikethrough = false;
 
@@ -82,7 +87,7 @@ struct VStack {
 
 /// Children on top of each other, the first at the back.
 struct ZStack {
-    Alignment alignment;
+    Alignment alignment = {};
     Children children;
 
     bool operator==(const ZStack&) const;
@@ -101,8 +106,8 @@ enum class ShapeKind { circle, capsule, rectangle, roundedRectangle };
 struct Shape {
     ShapeKind shape = ShapeKind::rectangle;
     double cornerRadius = 0;  ///< Of a rounded rectangle.
-    std::optional<Color> fill;
-    std::optional<Color> stroke;
+    std::optional<Color> fill = std::nullopt;
+    std::optional<Color> stroke = std::nullopt;
     double lineWidth = 0;  ///< Of the stroke.
 
     bool operator==(const Shape&) const = default;
@@ -114,7 +119,7 @@ struct Countdown {
     system::Date to;
     Font font;
     Color color = primary;
-    std::optional<int> lineLimit;
+    std::optional<int> lineLimit = std::nullopt;
     double minimumScale = 1;
 
     bool operator==(const Countdown&) const = default;
@@ -149,17 +154,17 @@ using MaximumLength = std::variant<double, Infinity>;
 
 /// The lengths of a frame; those that are absent are left to the child.
 struct FrameLengths {
-    std::optional<double> width;
-    std::optional<double> height;
-    std::optional<MaximumLength> maxWidth;
-    std::optional<MaximumLength> maxHeight;
+    std::optional<double> width = std::nullopt;
+    std::optional<double> height = std::nullopt;
+    std::optional<MaximumLength> maxWidth = std::nullopt;
+    std::optional<MaximumLength> maxHeight = std::nullopt;
 
     bool operator==(const FrameLengths&) const = default;
 };
 
 struct Frame {
     FrameLengths lengths;
-    Alignment alignment;
+    Alignment alignment = {};
     Child child;
 
     bool operator==(const Frame&) const = default;
