@@ -1,0 +1,104 @@
+#include "System/Calendar.h"
+
+#include <cmath>
+#include <unicode/calendar.h>
+
+#include "System/Fatal.h"
+#include "System/IcuLocale.h"
+
+namespace kelmar::system {
+namespace {
+
+/// A calendar of ICU's. One ICU object serves every question, set anew each time, because making
+/// one costs a hundred times more than using it; hence an object of this class belongs to one
+/// thread.
+class IcuCalendar final : public Calendar {
+public:
+    explicit IcuCalendar(std::unique_ptr<icu::Calendar> calendar) : icu_(std::move(calendar)) {
+        icu_->setLenient(true);
+        icu_->setRepeatedWallTimeOption(UCAL_WALLTIME_FIRST);
+        icu_->setSkippedWallTimeOption(UCAL_WALLTIME_NEXT_VALID);
+    }
+
+    [[nodiscard]] Date startOfDay(Date date) const override { return settingTime(date, 0, 0); }
+
+    [[nodiscard]] std::optional<Date> addingDays(Date date, int days) const override {
+        const Seconds whole = std::floor(date.secondsSince1970());
+        UErrorCode status = U_ZERO_ERROR;
+        if (!moveTo(Date::since1970(whole)))
+            return std::nullopt;
+        icu_->add(UCAL_DATE, days, status);
+        const UDate moved = icu_->getTime(status);
+        if (U_FAILURE(status) || !isInRange(moved))
+            return std::nullopt;
+        return Date::since1970(moved / 1000 + (date.secondsSince1970() - whole));
+    }
+
+    [[nodiscard]] DateComponents components(Date date) const override {
+        if (!moveTo(date))
+            return {};
+        return {.year = field(UCAL_YEAR),
+                .month = field(UCAL_MONTH) + 1,
+                .day = field(UCAL_DATE),
+                .hour = field(UCAL_HOUR_OF_DAY),
+                .minute = field(UCAL_MINUTE)};
+    }
+
+    [[nodiscard]] Date settingTime(Date date, int hour, int minute) const override {
+        if (!moveTo(date))
+            return date;
+        icu_->set(UCAL_HOUR_OF_DAY, hour);
+        icu_->set(UCAL_MINUTE, minute);
+        icu_->set(UCAL_SECOND, 0);
+        icu_->set(UCAL_MILLISECOND, 0);
+        UErrorCode status = U_ZERO_ERROR;
+        const UDate moved = icu_->getTime(status);
+        return U_FAILURE(status) ? date : Date::since1970(moved / 1000);
+    }
+
+private:
+    static bool isInRange(UDate milliseconds) { return std::abs(milliseconds) <= 1e15; }
+
+    [[nodiscard]] bool moveTo(Date date) const {
+        const UDate milliseconds = date.secondsSince1970() * 1000;
+        UErrorCode status = U_ZERO_ERROR;
+        if (!isInRange(milliseconds))
+            return false;
+        icu_->setTime(milliseconds, status);
+        return U_SUCCESS(status);
+    }
+
+    [[nodiscard]] int field(UCalendarDateFields name) const {
+        UErrorCode status = U_ZERO_ERROR;
+        const int value = icu_->get(name, status);
+        return U_FAILURE(status) ? 0 : value;
+    }
+
+    std::unique_ptr<icu::Calendar> icu_;
+};
+
+}  // namespace
+
+std::optional<Date> Calendar::startOfNextDay(Date date) const {
+    const std::optional<Date> next = addingDays(startOfDay(date), 1);
+    if (!next)
+        return std::nullopt;
+    return startOfDay(*next);
+}
+
+bool Calendar::isSameDay(Date first, Date second) const {
+    return startOfDay(first) == startOfDay(second);
+}
+
+std::unique_ptr<Calendar> makeCalendar(const std::string& localeId, const std::string& timeZoneId) {
+    const icu::Locale locale =
+        makeLocale(localeId.empty() ? environmentLocaleId("LC_TIME") : localeId);
+    UErrorCode status = U_ZERO_ERROR;
+    std::unique_ptr<icu::Calendar> calendar(
+        icu::Calendar::createInstance(makeTimeZone(timeZoneId).release(), locale, status));
+    if (U_FAILURE(status))
+        fatal(std::string("ICU has no calendar of this locale: ") + u_errorName(status));
+    return std::make_unique<IcuCalendar>(std::move(calendar));
+}
+
+}  // namespace kelmar::system

@@ -1,0 +1,20 @@
+#include "System/Fatal.h"
+
+#include <algorithm>
+#include <errno.h>
+#include <string>
+#include <unistd.h>
+
+namespace kelmar::system {
+
+void fatal(std::string_view reason) {
+    std::string line = std::string(program_invocation_short_name) + ": " + std::string(reason);
+    std::replace(line.begin(), line.end(), '\n', ' ');
+    line += '\n';
+    // One write, so that lines of several processes on one standard error do not mix. There is
+    // nobody left to tell when it fails.
+    [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, line.data(), line.size());
+    ::_exit(fatalExitStatus);
+}
+
+}  // namespace kelmar::system

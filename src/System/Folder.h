@@ -1,6 +1,6 @@
 #pragma once
 
-#include <optional>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,6 +8,10 @@
 #include "System/Result.h"
 
 namespace kelmar::system {
+
+/// How many bytes of room a text that was read has behind its end, so that a parser that reads
+/// ahead need not copy it.
+inline constexpr std::size_t spareCapacity = 64;
 
 /// One folder of the file system that somebody else may change at any time. Nothing is cached or
 /// locked; every call looks afresh. Names are single path components.

@@ -1,0 +1,60 @@
+#include "System/Localization.h"
+
+#include <clocale>
+#include <cstdlib>
+#include <filesystem>
+#include <libintl.h>
+#include <system_error>
+
+#include "System/IcuLocale.h"
+
+namespace kelmar::system {
+namespace {
+
+constexpr const char* textDomain = "kelmar-planner-widgets";
+
+/// gettext's priority list for a locale: the language as the country writes it, then the language.
+std::string languageList(const std::string& localeId) {
+    const icu::Locale locale = makeLocale(localeId);
+    const std::string language = locale.getLanguage();
+    const std::string country = locale.getCountry();
+    return country.empty() ? language : language + "_" + country + ":" + language;
+}
+
+}  // namespace
+
+std::string Localization::text(std::string_view englishKey, std::string_view argument) const {
+    std::string result = text(englishKey);
+    if (const std::size_t place = result.find("{}"); place != std::string::npos)
+        result.replace(place, 2, argument);
+    return result;
+}
+
+std::string EnglishLocalization::text(std::string_view englishKey) const {
+    return std::string(englishKey);
+}
+
+GettextLocalization::GettextLocalization(const std::string& localeId,
+                                         const std::string& catalogueFolder) {
+    const std::string languages =
+        languageList(localeId.empty() ? environmentLocaleId("LC_MESSAGES") : localeId);
+    // gettext looks at LANGUAGE only while the locale of messages is not "C"; "C.UTF-8" is not,
+    // and is there on every machine, whichever locales have been generated.
+    ::setenv("LANGUAGE", languages.c_str(), 1);
+    std::setlocale(LC_MESSAGES, "C.UTF-8");
+    ::bindtextdomain(textDomain, catalogueFolder.c_str());
+    ::bind_textdomain_codeset(textDomain, "UTF-8");
+}
+
+std::string GettextLocalization::text(std::string_view englishKey) const {
+    // The empty key stands for a catalogue's own header.
+    return englishKey.empty() ? "" : ::dgettext(textDomain, std::string(englishKey).c_str());
+}
+
+std::string catalogueFolder() {
+    std::error_code error;
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return (program.parent_path().parent_path() / "share/locale").string();
+}
+
+}  // namespace kelmar::system

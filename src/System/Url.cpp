@@ -1,0 +1,86 @@
+#include "System/Url.h"
+
+#include <glib.h>
+#include <memory>
+
+namespace kelmar::system {
+namespace {
+
+using GText = std::unique_ptr<char, decltype(&g_free)>;
+
+constexpr std::string_view subDelimiters = "!$&'()*+,;=";
+
+bool isUnreserved(char character) {
+    return g_ascii_isalnum(character) ||
+           std::string_view("-._~").find(character) != std::string_view::npos;
+}
+
+/// Whether the text consists of unreserved characters, sub-delimiters, percent-encoded bytes and
+/// `others` (RFC 3986, appendix A).
+bool consistsOf(std::string_view text, std::string_view others) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '%') {
+            if (text.size() - i < 3 || !g_ascii_isxdigit(text[i + 1]) ||
+                !g_ascii_isxdigit(text[i + 2]))
+                return false;
+            i += 2;
+        } else if (!isUnreserved(text[i]) &&
+                   subDelimiters.find(text[i]) == std::string_view::npos &&
+                   others.find(text[i]) == std::string_view::npos) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Cuts `text` at the first of `marks` and gives what stands from there on, the mark included.
+std::string_view cutFrom(std::string_view& text, std::string_view marks) {
+    const std::size_t at = text.find_first_of(marks);
+    if (at == std::string_view::npos)
+        return {};
+    const std::string_view rest = text.substr(at);
+    text = text.substr(0, at);
+    return rest;
+}
+
+/// GLib judges the scheme, the host and the port, but lets characters pass in the other parts
+/// that the grammar does not know.
+bool hasOnlyUrlCharacters(std::string_view url) {
+    const std::string_view fragment = cutFrom(url, "#");
+    const std::string_view query = cutFrom(url, "?");
+    std::string_view path = url.substr(url.find(':') + 1);
+    std::string_view authority;
+    if (path.starts_with("//")) {
+        authority = path.substr(2);
+        path = cutFrom(authority, "/");
+    }
+    return (fragment.empty() || consistsOf(fragment.substr(1), ":@/?")) &&
+           consistsOf(query, ":@/?") && consistsOf(path, ":@/") && consistsOf(authority, ":@[]");
+}
+
+}  // namespace
+
+std::string encodeUrlPath(std::string_view text, Slash slash) {
+    const char* const kept = slash == Slash::kept ? "!$&'()*+,=:@/" : "!$&'()*+,=:@";
+    const GText encoded(
+        g_uri_escape_bytes(reinterpret_cast<const guint8*>(text.data()), text.size(), kept),
+        &g_free);
+    return encoded.get();
+}
+
+bool isValidUrl(std::string_view text) {
+    const std::string url(text);
+    return url.find('\0') == std::string::npos && !urlScheme(url).empty() &&
+           hasOnlyUrlCharacters(url) &&
+           g_uri_is_valid(url.c_str(), G_URI_FLAGS_NONE, nullptr) != FALSE;
+}
+
+std::string urlScheme(std::string_view url) {
+    const GText scheme(g_uri_parse_scheme(std::string(url).c_str()), &g_free);
+    if (!scheme)
+        return {};
+    const GText lowerCase(g_ascii_strdown(scheme.get(), -1), &g_free);
+    return lowerCase.get();
+}
+
+}  // namespace kelmar::system

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <unicode/locid.h>
+#include <unicode/timezone.h>
+
+namespace kelmar::system {
+
+/// The locale that the environment names for a category ("LC_TIME", "LC_MESSAGES"), by the
+/// precedence of POSIX: LC_ALL, the category, LANG. The locales without a language ("C", "POSIX",
+/// none at all) are English as the United States write it. ICU's own default is not asked because
+/// it follows what the process has told setlocale().
+[[nodiscard]] std::string environmentLocaleId(const char* category);
+
+/// The locale of an identifier in ICU's, BCP 47's or the C library's form.
+[[nodiscard]] icu::Locale makeLocale(const std::string& localeId);
+
+/// The zone of an IANA name, or the machine's present one when the name is empty. An unknown name
+/// is UTC.
+[[nodiscard]] std::unique_ptr<icu::TimeZone> makeTimeZone(const std::string& timeZoneId);
+
+}  // namespace kelmar::system
