@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <QWidget>
+#include <functional>
+#include <string>
+
+#include "DemoPlanner/PlannerService.h"
+
+namespace kelmar::demo {
+
+/// What the stand-in shows instead of a planner: what a widget asked it to open, what is due, the
+/// timer and the streak, all of which can be changed here too.
+class PlannerWindow final : public QWidget {
+public:
+    /// `changed` runs after the planner was changed here.
+    PlannerWindow(PlannerService& service, std::function<void()> changed);
+
+    /// Comes to the front with what a deep link would have opened.
+    void showOpening(const DeepLink& link, const std::string& url);
+    /// Comes to the front.
+    void present();
+    /// Shows the planner as it is now; does nothing while nobody can see it.
+    void refresh();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    [[nodiscard]] QWidget* makeHeader();
+    [[nodiscard]] QWidget* makeOpeningCard();
+    [[nodiscard]] QWidget* makeTimerRow();
+    [[nodiscard]] QWidget* makeSwitches();
+    void refreshAssignments();
+    void refreshTimer();
+    [[nodiscard]] QWidget* makeAssignmentRow(const Assignment& assignment);
+
+    PlannerService& service_;
+    std::function<void()> changed_;
+    QLabel* openingPlace_ = nullptr;
+    QLabel* openingTitle_ = nullptr;
+    QLabel* openingDetail_ = nullptr;
+    QLabel* openingUrl_ = nullptr;
+    QVBoxLayout* assignments_ = nullptr;
+    QLabel* timer_ = nullptr;
+    QPushButton* timerButton_ = nullptr;
+    QLabel* streak_ = nullptr;
+};
+
+}  // namespace kelmar::demo
