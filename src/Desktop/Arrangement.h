@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QByteArray>
+#include <QPoint>
+#include <QRect>
+#include <string>
+#include <vector>
+
+#include "Kit/Environment.h"
+#include "System/Result.h"
+
+/// What the user has put on the desktop, as it is kept from one session to the next.
+namespace kelmar::desktop {
+
+/// By what a screen is known again: its connector's name, and its geometry to tell two screens
+/// apart that were plugged into the same connector one after the other.
+struct ScreenIdentity {
+    std::string name;
+    QRect geometry;
+
+    friend bool operator==(const ScreenIdentity&, const ScreenIdentity&) = default;
+};
+
+/// A widget where the user left it. Stays as it is while its screen is gone, so that the widget
+/// goes home when the screen returns.
+struct PlacedWidget {
+    std::string kind;
+    kit::Family family = kit::Family::medium;
+    ScreenIdentity screen;
+    QPoint position;  ///< Of the top left corner, from the screen's top left corner, in points.
+
+    friend bool operator==(const PlacedWidget&, const PlacedWidget&) = default;
+};
+
+struct Arrangement {
+    kit::RenderingMode renderingMode = kit::RenderingMode::fullColor;
+    std::vector<PlacedWidget> widgets;  ///< Back to front.
+
+    friend bool operator==(const Arrangement&, const Arrangement&) = default;
+};
+
+[[nodiscard]] QByteArray encodeArrangement(const Arrangement& arrangement);
+/// All or nothing: half an arrangement, once saved again, would be the loss of the other half.
+[[nodiscard]] system::Result<Arrangement> decodeArrangement(const QByteArray& json);
+
+}  // namespace kelmar::desktop

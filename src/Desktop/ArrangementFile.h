@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+#include <optional>
+
+#include "Desktop/Arrangement.h"
+
+namespace kelmar::desktop {
+
+/// The file in which the arrangement outlives the program. Its troubles are logged and survived:
+/// a desktop that cannot keep its places is better than none.
+class ArrangementFile {
+public:
+    explicit ArrangementFile(QString path);
+    /// kelmar-widgets/arrangement.json in the user's configuration folder (XDG Base Directory
+    /// Specification).
+    [[nodiscard]] static QString standardPath();
+
+    /// Nothing on the first start. A file that makes no sense is set aside under a name of its own
+    /// and counts as none.
+    [[nodiscard]] std::optional<Arrangement> load();
+    /// Replaces the file as a whole, so that a crash or a full disk leaves the old one. Never
+    /// replaces one that could be neither read nor set aside.
+    void save(const Arrangement& arrangement);
+
+private:
+    void setAside(const std::string& reason);
+
+    QString path_;
+    bool mayReplace_ = true;
+};
+
+}  // namespace kelmar::desktop

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QColor>
+#include <QObject>
+#include <QString>
+#include <QVariant>
+#include <optional>
+
+#include "Paint/Appearance.h"
+
+class QDBusPendingCallWatcher;
+class QDBusVariant;
+
+namespace kelmar::desktop {
+
+/// What the desktop prefers, as far as it says so.
+struct Preferences {
+    std::optional<paint::Scheme> scheme;
+    QColor accent;  ///< Invalid for none.
+    std::optional<QString> fontFamily;
+
+    friend bool operator==(const Preferences&, const Preferences&) = default;
+};
+
+/// The preferences after a setting has got a value; settings that mean nothing here and values
+/// that make no sense leave them as they are.
+[[nodiscard]] Preferences withSetting(Preferences preferences, const QString& settingNamespace,
+                                      const QString& key, const QVariant& value);
+
+/// Reads the desktop's preferences from the settings portal (org.freedesktop.portal.Settings) and
+/// follows their changes. Nothing here waits for an answer: until one comes, and where no portal or
+/// no session bus is, the preferences are empty.
+class PortalSettings final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit PortalSettings(QObject* parent = nullptr);
+
+    [[nodiscard]] const Preferences& preferences() const { return preferences_; }
+
+signals:
+    void changed();
+
+private slots:
+    void readSetting(const QString& settingNamespace, const QString& key,
+                     const QDBusVariant& value);
+
+private:
+    void readAll();
+    void readAnswer(QDBusPendingCallWatcher& call);
+    void replace(Preferences preferences);
+
+    Preferences preferences_;
+};
+
+}  // namespace kelmar::desktop

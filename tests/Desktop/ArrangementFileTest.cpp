@@ -1,0 +1,104 @@
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include "Desktop/ArrangementFile.h"
+
+namespace kelmar::desktop {
+namespace {
+
+class ArrangementFileTest : public testing::Test {
+protected:
+    void write(const QString& name, const QByteArray& bytes) {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    [[nodiscard]] QByteArray read(const QString& name) const {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
+    }
+
+    [[nodiscard]] QString path(const QString& name = "arrangement.json") const {
+        return folder_.filePath(name);
+    }
+
+    [[nodiscard]] QStringList files() const {
+        return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+
+    const Arrangement oneWidget_{.renderingMode = kit::RenderingMode::vibrant,
+                                 .widgets = {{.kind = "DueToday",
+                                              .family = kit::Family::small,
+                                              .screen = {"S", QRect(0, 0, 800, 600)},
+                                              .position = {8, 16}}}};
+
+private:
+    QTemporaryDir folder_;
+};
+
+TEST_F(ArrangementFileTest, MissingFileIsAFirstStart) {
+    EXPECT_FALSE(ArrangementFile(path()).load());
+    EXPECT_TRUE(files().isEmpty());
+}
+
+TEST_F(ArrangementFileTest, SavedArrangementIsFoundAgain) {
+    ArrangementFile(path()).save(oneWidget_);
+    EXPECT_EQ(ArrangementFile(path()).load(), oneWidget_);
+    EXPECT_EQ(files(), QStringList{"arrangement.json"});
+}
+
+TEST_F(ArrangementFileTest, SavingMakesTheFolder) {
+    ArrangementFile(path("not/yet/there.json")).save(oneWidget_);
+    EXPECT_EQ(ArrangementFile(path("not/yet/there.json")).load(), oneWidget_);
+}
+
+TEST_F(ArrangementFileTest, DamagedFileIsSetAsideByteForByte) {
+    write("arrangement.json", "{\"version\": 1, \xff");
+    ArrangementFile file(path());
+    EXPECT_FALSE(file.load());
+    EXPECT_EQ(files(), QStringList{"arrangement.json.damaged"});
+    EXPECT_EQ(read("arrangement.json.damaged"), "{\"version\": 1, \xff");
+}
+
+TEST_F(ArrangementFileTest, EarlierDamagedFileIsNotOverwritten) {
+    write("arrangement.json.damaged", "first");
+    write("arrangement.json", "second");
+    EXPECT_FALSE(ArrangementFile(path()).load());
+    EXPECT_EQ(read("arrangement.json.damaged"), "first");
+    EXPECT_EQ(read("arrangement.json.damaged.2"), "second");
+}
+
+TEST_F(ArrangementFileTest, SavingGoesOnAfterADamagedFileWasSetAside) {
+    write("arrangement.json", "?");
+    ArrangementFile file(path());
+    EXPECT_FALSE(file.load());
+    file.save(oneWidget_);
+    EXPECT_EQ(ArrangementFile(path()).load(), oneWidget_);
+    EXPECT_EQ(read("arrangement.json.damaged"), "?");
+}
+
+TEST_F(ArrangementFileTest, DamagedFileThatCannotBeSetAsideIsNeverReplaced) {
+    // The longest name that a file may have leaves no room for a suffix.
+    const QString longName(255, 'a');
+    write(longName, "?");
+    ArrangementFile file(path(longName));
+    EXPECT_FALSE(file.load());
+    file.save(oneWidget_);
+    EXPECT_EQ(read(longName), "?");
+}
+
+TEST_F(ArrangementFileTest, FolderInThePlaceOfTheFileIsSetAsideToo) {
+    ASSERT_TRUE(QDir().mkpath(path("arrangement.json/inner")));
+    ArrangementFile file(path());
+    EXPECT_FALSE(file.load());
+    EXPECT_TRUE(QFileInfo(path("arrangement.json.damaged/inner")).isDir());
+    file.save(oneWidget_);
+    EXPECT_EQ(ArrangementFile(path()).load(), oneWidget_);
+}
+
+}  // namespace
+}  // namespace kelmar::desktop

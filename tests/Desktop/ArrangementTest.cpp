@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include "Desktop/Arrangement.h"
+
+namespace kelmar::desktop {
+namespace {
+
+const Arrangement twoWidgets{.renderingMode = kit::RenderingMode::accented,
+                             .widgets = {{.kind = "DueToday",
+                                          .family = kit::Family::large,
+                                          .screen = {"HDMI-1", QRect(0, 0, 1920, 1080)},
+                                          .position = {1540, 16}},
+                                         {.kind = "Wochenübersicht",
+                                          .family = kit::Family::small,
+                                          .screen = {"DP-2", QRect(-1280, 64, 1280, 1024)},
+                                          .position = {0, 408}}}};
+
+TEST(Arrangement, ComesBackAsItWasKept) {
+    const auto decoded = decodeArrangement(encodeArrangement(twoWidgets));
+    ASSERT_TRUE(decoded);
+    EXPECT_EQ(*decoded, twoWidgets);
+}
+
+TEST(Arrangement, EmptyDesktopIsAnArrangementToo) {
+    const auto decoded = decodeArrangement(encodeArrangement({}));
+    ASSERT_TRUE(decoded);
+    EXPECT_TRUE(decoded->widgets.empty());
+}
+
+RC_GTEST_PROP(Arrangement, AnyPlacesComeBack, ()) {
+    const auto coordinate = rc::gen::inRange(-20'000, 20'000);
+    Arrangement arrangement{.renderingMode = *rc::gen::elementOf(kit::renderingModes),
+                            .widgets = {}};
+    const int count = *rc::gen::inRange(0, 6);
+    for (int i = 0; i < count; ++i) {
+        arrangement.widgets.push_back(
+            {.kind = *rc::gen::container<std::string>(rc::gen::inRange<char>(' ', '~')),
+             .family = *rc::gen::elementOf(kit::families),
+             .screen = {"S", QRect(*coordinate, *coordinate, 800, 600)},
+             .position = {*coordinate, *coordinate}});
+    }
+    const auto decoded = decodeArrangement(encodeArrangement(arrangement));
+    RC_ASSERT(bool(decoded));
+    RC_ASSERT(*decoded == arrangement);
+}
+
+struct DamagedCase {
+    const char* name;
+    const char* json;
+    const char* reason;
+};
+
+class DamagedArrangement : public testing::TestWithParam<DamagedCase> {};
+
+TEST_P(DamagedArrangement, IsRefusedWithItsReason) {
+    const auto decoded = decodeArrangement(GetParam().json);
+    ASSERT_FALSE(decoded);
+    EXPECT_EQ(decoded.failure().reason, GetParam().reason);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, DamagedArrangement,
+    testing::Values(
+        DamagedCase{"CutOff", R"({"version": 1, "widgets": [)", "unterminated array"},
+        DamagedCase{"NoObject", "[]", "not a JSON object"},
+        DamagedCase{"Empty", "", "illegal value"},
+        DamagedCase{"NewerVersion",
+                    R"({"version": 2, "renderingMode": "fullColor", "widgets": []})",
+                    "\"version\" is not one that this program knows"},
+        DamagedCase{"NoWidgets", R"({"version": 1, "renderingMode": "fullColor"})",
+                    "\"widgets\" is not an array"},
+        DamagedCase{"UnknownMode", R"({"version": 1, "renderingMode": "sepia", "widgets": []})",
+                    "\"renderingMode\" has an unknown value"},
+        DamagedCase{"WidgetThatIsNoObject",
+                    R"({"version": 1, "renderingMode": "fullColor", "widgets": [7]})",
+                    "\"kind\" is not a text"},
+        DamagedCase{"UnknownFamily",
+                    R"({"version": 1, "renderingMode": "fullColor", "widgets": [{"kind": "A",
+                        "family": "huge", "screen": {"name": "S", "x": 0, "y": 0, "width": 1,
+                        "height": 1}, "x": 0, "y": 0}]})",
+                    "\"family\" has an unknown value"},
+        DamagedCase{"PlaceInFractions",
+                    R"({"version": 1, "renderingMode": "fullColor", "widgets": [{"kind": "A",
+                        "family": "small", "screen": {"name": "S", "x": 0, "y": 0, "width": 1,
+                        "height": 1}, "x": 0.5, "y": 0}]})",
+                    "\"x\" is not an integer that a screen could have"},
+        DamagedCase{"PlaceBeyondAnyScreen",
+                    R"({"version": 1, "renderingMode": "fullColor", "widgets": [{"kind": "A",
+                        "family": "small", "screen": {"name": "S", "x": 0, "y": 0, "width": 1,
+                        "height": 1}, "x": 1e300, "y": 0}]})",
+                    "\"x\" is not an integer that a screen could have"}),
+    [](const auto& damaged) { return std::string(damaged.param.name); });
+
+}  // namespace
+}  // namespace kelmar::desktop

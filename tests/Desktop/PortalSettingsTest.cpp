@@ -1,0 +1,68 @@
+#include <gtest/gtest.h>
+
+#include "Desktop/PortalSettings.h"
+
+namespace kelmar::desktop {
+namespace {
+
+const QString appearance = "org.freedesktop.appearance";
+const QString gnome = "org.gnome.desktop.interface";
+
+Preferences with(const QString& settingNamespace, const char* key, const QVariant& value) {
+    return withSetting({}, settingNamespace, key, value);
+}
+
+TEST(PortalSettings, ColourSchemeIsDarkOrLightOrNoPreference) {
+    EXPECT_EQ(with(appearance, "color-scheme", 1U).scheme, paint::Scheme::dark);
+    EXPECT_EQ(with(appearance, "color-scheme", 2U).scheme, paint::Scheme::light);
+    EXPECT_EQ(with(appearance, "color-scheme", 0U).scheme, std::nullopt);
+    EXPECT_EQ(with(appearance, "color-scheme", 77U).scheme, std::nullopt);
+}
+
+TEST(PortalSettings, PreferenceThatIsTakenBackIsForgotten) {
+    const Preferences dark = with(appearance, "color-scheme", 1U);
+    EXPECT_EQ(withSetting(dark, appearance, "color-scheme", 0U).scheme, std::nullopt);
+}
+
+TEST(PortalSettings, OtherSettingsChangeNothing) {
+    const Preferences dark = with(appearance, "color-scheme", 1U);
+    EXPECT_EQ(withSetting(dark, appearance, "contrast", 1U), dark);
+    EXPECT_EQ(withSetting(dark, gnome, "color-scheme", "prefer-light"), dark);
+}
+
+TEST(PortalSettings, AccentThatIsNoColourIsNone) {
+    EXPECT_EQ(with(appearance, "accent-color", "blue").accent, QColor());
+    EXPECT_EQ(with(appearance, "accent-color", 3U).accent, QColor());
+}
+
+struct FontCase {
+    const char* description;
+    const char* family;
+};
+
+class PangoFont : public testing::TestWithParam<FontCase> {};
+
+TEST_P(PangoFont, GivesItsFamily) {
+    EXPECT_EQ(with(gnome, "font-name", GetParam().description).fontFamily, GetParam().family);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, PangoFont,
+                         testing::Values(FontCase{"Cantarell 11", "Cantarell"},
+                                         FontCase{"Noto Sans 10.5", "Noto Sans"},
+                                         FontCase{"Ubuntu Bold Italic 11", "Ubuntu"},
+                                         FontCase{"DejaVu Sans, Bold 9", "DejaVu Sans"},
+                                         FontCase{"Inter", "Inter"},
+                                         FontCase{"Medium 10", "Medium"}));
+
+TEST(PortalSettings, FontWithoutAFamilyIsNone) {
+    EXPECT_EQ(with(gnome, "font-name", "").fontFamily, std::nullopt);
+    EXPECT_EQ(with(gnome, "font-name", "11").fontFamily, std::nullopt);
+}
+
+TEST(PortalSettings, FontMayComeAsQtWritesIt) {
+    EXPECT_EQ(with("org.kde.kdeglobals.General", "font", "Noto Sans,10,-1,5,50,0").fontFamily,
+              "Noto Sans");
+}
+
+}  // namespace
+}  // namespace kelmar::desktop
