@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QFont>
+#include <QString>
+
+#include "Kit/Font.h"
+
+namespace kelmar::paint {
+
+/// The font families behind the fonts that widgets name. A family that is not installed, or that
+/// cannot write plain letters and digits, is replaced by one that is there and can, so that a
+/// widget never loses its texts to the user's font settings.
+class FontSet {
+public:
+    /// The user interface family of the running desktop, and Quicksand for rounded texts where it
+    /// is installed.
+    [[nodiscard]] static FontSet ofDesktop();
+
+    /// Families by name. An empty or unusable rounded family means the user interface family.
+    explicit FontSet(const QString& uiFamily,
+                     const QString& roundedFamily = defaultRoundedFamily());
+
+    /// The family that is really used for a design.
+    [[nodiscard]] const QString& family(kit::FontDesign design) const;
+
+    /// A font of a whole number of pixels: Qt rounds other sizes, so whoever draws or measures at
+    /// another size scales by itself. Glyphs are not hinted, which keeps widths proportional to
+    /// the size.
+    [[nodiscard]] QFont font(const kit::Font& font, int pixelSize) const;
+
+    [[nodiscard]] static QString defaultRoundedFamily();
+
+    friend bool operator==(const FontSet&, const FontSet&) = default;
+
+private:
+    QString ui_;
+    QString rounded_;
+};
+
+}  // namespace kelmar::paint

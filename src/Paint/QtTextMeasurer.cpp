@@ -1,0 +1,104 @@
+#include "Paint/QtTextMeasurer.h"
+
+#include <QFontMetricsF>
+#include <QTextOption>
+#include <algorithm>
+#include <utility>
+
+namespace kelmar::paint {
+namespace {
+
+/// Widths are taken at this size and scaled, so that rounding in the font engine is not seen.
+constexpr int referenceSize = 100;
+
+/// In characters of cached text: a few hundred kilobytes, several screens full of widgets.
+constexpr qsizetype cacheCapacity = 64 * 1024;
+
+bool runsFromRightToLeft(const QString& text) {
+    return std::ranges::any_of(text, [](QChar character) {
+        const QChar::Direction direction = character.direction();
+        return direction == QChar::DirR || direction == QChar::DirAL || direction == QChar::DirAN;
+    });
+}
+
+bool isDigit(QChar character) {
+    return character.category() == QChar::Number_DecimalDigit;
+}
+
+/// The length of the stretch that begins at `start`: one digit, or everything up to the next one.
+qsizetype stretchLength(const QString& text, qsizetype start) {
+    qsizetype end = start + 1;
+    if (!isDigit(text[start])) {
+        while (end < text.size() && !isDigit(text[end])) {
+            ++end;
+        }
+    }
+    return end - start;
+}
+
+QString cacheKey(const QString& text, const kit::Font& font) {
+    const int face = static_cast<int>(font.weight) * 2 + static_cast<int>(font.design);
+    return QChar(u'a' + face) + text;
+}
+
+}  // namespace
+
+QtTextMeasurer::QtTextMeasurer(FontSet fonts) : fonts_(std::move(fonts)), widths_(cacheCapacity) {}
+
+double QtTextMeasurer::width(std::string_view text, const kit::Font& font) const {
+    const QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    if (font.digits == kit::Digits::proportional) {
+        return widthPerPoint(line, font) * font.size;
+    }
+    double width = 0;
+    for (const TextPiece& piece : pieces(line, font)) {
+        width += piece.width;
+    }
+    return width;
+}
+
+std::vector<TextPiece> QtTextMeasurer::pieces(const QString& text, const kit::Font& font) const {
+    if (font.digits == kit::Digits::proportional || runsFromRightToLeft(text)) {
+        return {{text, 0, widthPerPoint(text, font) * font.size}};
+    }
+    std::vector<TextPiece> pieces;
+    double x = 0;
+    for (qsizetype start = 0; start < text.size();) {
+        const qsizetype length = stretchLength(text, start);
+        const QString stretch = text.mid(start, length);
+        const double natural = widthPerPoint(stretch, font) * font.size;
+        const double cell =
+            isDigit(text[start]) ? digitCell(text[start], font) * font.size : natural;
+        pieces.push_back({stretch, x + (cell - natural) / 2, cell});
+        x += cell;
+        start += length;
+    }
+    return pieces;
+}
+
+double QtTextMeasurer::digitCell(QChar digit, const kit::Font& font) const {
+    const int zero = digit.unicode() - digit.digitValue();
+    double widest = 0;
+    for (int value = 0; value <= 9; ++value) {
+        widest = std::max(widest, widthPerPoint(QChar(zero + value), font));
+    }
+    return widest;
+}
+
+double QtTextMeasurer::widthPerPoint(const QString& text, const kit::Font& font) const {
+    if (text.isEmpty()) {
+        return 0;
+    }
+    const QString key = cacheKey(text, font);
+    if (const double* known = widths_.object(key)) {
+        return *known;
+    }
+    QTextOption option;
+    option.setUseDesignMetrics(true);
+    const QFontMetricsF metrics(fonts_.font(font, referenceSize));
+    const double width = metrics.horizontalAdvance(text, option) / referenceSize;
+    widths_.insert(key, new double(width), key.size());
+    return width;
+}
+
+}  // namespace kelmar::paint

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QImage>
+#include <QPainter>
+#include <QSize>
+
+#include "Kit/Environment.h"
+#include "Kit/Timeline.h"
+#include "Layout/Layout.h"
+#include "Layout/PlacedBox.h"
+#include "Paint/Appearance.h"
+#include "Paint/PaintResources.h"
+#include "System/Date.h"
+
+namespace kelmar::paint {
+
+/// How round a card is, in points.
+inline constexpr double cardCornerRadius = 22;
+
+/// A whole widget: a card with rounded corners and the content inside the margins. Laid out once,
+/// drawn as often as the time or the appearance asks for it. The resources must outlive it.
+class WidgetPicture {
+public:
+    WidgetPicture(const kit::DrawnEntry& entry, kit::Family family, layout::Direction direction,
+                  const PaintResources& resources);
+
+    /// The content's boxes in points from the widget's own top left corner: what pointer, keyboard
+    /// and screen reader are served from.
+    [[nodiscard]] const layout::PlacedBoxes& boxes() const { return boxes_; }
+
+    /// In points.
+    [[nodiscard]] kit::Size size() const { return size_; }
+
+    /// In device pixels; a fraction of a pixel counts as one.
+    [[nodiscard]] QSize pixelSize(double scale) const;
+
+    /// Whether the picture changes with time: it has a countdown or a bar that empties by itself.
+    [[nodiscard]] bool isLive() const;
+
+    /// Transparent outside the card. Its device pixel ratio is the scale.
+    [[nodiscard]] QImage image(const PaintStyle& style, system::Date now) const;
+
+    /// Draws the card and the content from the painter's origin, in device pixels (see paintBoxes).
+    void paint(QPainter& painter, const PaintStyle& style, system::Date now) const;
+
+private:
+    void paintCard(QPainter& painter, const PaintStyle& style) const;
+
+    kit::Size size_;
+    kit::Color background_;
+    layout::Direction direction_;
+    const PaintResources& resources_;
+    layout::PlacedBoxes boxes_;
+};
+
+}  // namespace kelmar::paint
