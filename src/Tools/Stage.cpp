@@ -1,0 +1,68 @@
+#include "Tools/Stage.h"
+
+#include <glib.h>
+
+#include "Host/GioUrlOpener.h"
+#include "Shared/PlannerFiles.h"
+#include "System/HomeFolder.h"
+
+namespace kelmar::tools {
+
+namespace {
+
+class DesktopAppLink final : public widget::AppLink {
+public:
+    void open(const std::string& url, widget::Completion completed) override {
+        bool isCompleted = false;
+        opener_.open(url, {}, [&](const std::string& /*error*/) { isCompleted = true; });
+        while (!isCompleted) {
+            g_main_context_iteration(nullptr, TRUE);
+        }
+        completed();
+    }
+
+private:
+    host::GioUrlOpener opener_;
+};
+
+std::unique_ptr<system::Clock> makeClock(const Options& options) {
+    if (options.now) {
+        return std::make_unique<system::ManualClock>(*options.now);
+    }
+    return std::make_unique<system::SystemClock>();
+}
+
+}  // namespace
+
+void RecordingAppLink::open(const std::string& url, widget::Completion completed) {
+    urls_.push_back(url);
+    if (next_) {
+        next_->open(url, std::move(completed));
+    } else {
+        completed();
+    }
+}
+
+std::unique_ptr<widget::AppLink> desktopAppLink() {
+    return std::make_unique<DesktopAppLink>();
+}
+
+Stage::Stage(const Options& options, std::unique_ptr<widget::AppLink> appLink)
+    : home_(options.home ? *options.home : system::homeFolder()),
+      clock_(makeClock(options)),
+      calendar_(system::makeCalendar(options.locale, options.timeZone)),
+      localeTexts_(options.locale, options.timeZone),
+      localization_(options.locale, system::catalogueFolder()),
+      plannerFolder_(home_ + '/' + std::string(shared::plannerFolder)),
+      tickedFolder_(home_ + '/' + std::string(shared::tickedFolder)),
+      appLink_(std::move(appLink)),
+      surroundings_{.clock = *clock_,
+                    .calendar = *calendar_,
+                    .localeTexts = localeTexts_,
+                    .localization = localization_,
+                    .plannerFolder = plannerFolder_,
+                    .tickedFolder = tickedFolder_,
+                    .appLink = appLink_},
+      widgets_(surroundings_) {}
+
+}  // namespace kelmar::tools
