@@ -17,6 +17,8 @@
 
 namespace kelmar::host {
 
+struct HostParts;
+
 /// One widget on the desktop, for as long as it is there.
 using WidgetId = int;
 
@@ -30,6 +32,8 @@ public:
     /// `clock` and `urlOpener` must outlive the host.
     WidgetHost(ExtensionFile extensionFile, UrlOpener& urlOpener, const system::Clock& clock,
                QObject* parent = nullptr);
+    /// With other surroundings than this machine's; all parts must outlive the host.
+    WidgetHost(ExtensionFile extensionFile, const HostParts& parts, QObject* parent = nullptr);
     ~WidgetHost() override;
 
     /// What the extension offers; absent until it has answered once.
@@ -40,7 +44,8 @@ public:
     void setEnvironment(WidgetId id, const kit::Environment& environment);
     void remove(WidgetId id);
 
-    /// The entry to draw now, or nothing while no answer has come yet.
+    /// The entry to draw now, or nothing while no answer has come yet. It stays at its address as
+    /// long as the widget is there, and looks the same until `entryChanged`.
     [[nodiscard]] const kit::Entry* shownEntry(WidgetId id) const;
     /// Whether `shownEntry` is only the placeholder, to be drawn redacted.
     [[nodiscard]] bool showsPlaceholder(WidgetId id) const;
@@ -61,7 +66,7 @@ signals:
     void entryChanged(kelmar::host::WidgetId id);
 
 private:
-    struct State;
+    class State;
     std::unique_ptr<State> state_;
 };
 

@@ -1,0 +1,123 @@
+#include "Host/ExtensionClient.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <iterator>
+#include <utility>
+
+namespace kelmar::host {
+
+ExtensionClient::ExtensionClient(Parts parts, std::function<void(kit::Bundle)> bundleCame)
+    : parts_(std::move(parts)),
+      bundleCame_(std::move(bundleCame)),
+      backoff_(parts_.limits),
+      retryTimer_(parts_.timers.make([this] { retry(); })),
+      idleTimer_(parts_.timers.make([this] { retire(); })),
+      refusalTimer_(parts_.timers.make([this] { answerRefused(); })) {}
+
+ExtensionClient::~ExtensionClient() = default;
+
+void ExtensionClient::start() {
+    proceed();
+}
+
+void ExtensionClient::request(ExtensionRequest request) {
+    waiting_.push_back(std::move(request));
+    if (isPausing_) {
+        refuseTheImpatient();
+    }
+    proceed();
+}
+
+void ExtensionClient::proceed() {
+    if (isPausing_ || (hasBundle_ && waiting_.empty())) {
+        return;
+    }
+    idleTimer_->stop();
+    if (!session_) {
+        SessionOwner& owner = *this;
+        session_ = std::make_unique<ExtensionSession>(
+            owner, ExtensionSession::Parts{parts_.launcher, parts_.urlGate, parts_.timers,
+                                           parts_.log, parts_.limits, parts_.name});
+    }
+    while (session_->isReady() && !waiting_.empty()) {
+        session_->send(std::move(waiting_.front()));
+        waiting_.pop_front();
+    }
+}
+
+void ExtensionClient::sessionReady(kit::Bundle bundle) {
+    hasBundle_ = true;
+    bundleCame_(std::move(bundle));
+    proceed();
+}
+
+void ExtensionClient::sessionAnswered() {
+    if (!backoff_.isReset()) {
+        backoff_.reset();
+        parts_.log.write(LogLevel::notice, parts_.name + ": answers again");
+    }
+}
+
+void ExtensionClient::sessionWentIdle() {
+    idleTimer_->start(parts_.limits.idle);
+}
+
+void ExtensionClient::retire() {
+    if (session_ && session_->isIdle()) {
+        session_->end(Ending::gently);
+        lastSession_ = std::move(session_);
+    }
+}
+
+void ExtensionClient::sessionFailed(const std::string& how) {
+    const auto pause = backoff_.next();
+    parts_.log.write(LogLevel::warning,
+                     fmt::format("{}: {}; not started again before {:g} s", parts_.name, how,
+                                 std::chrono::duration<double>(pause).count()));
+    idleTimer_->stop();
+    lastSession_ = std::move(session_);
+    isPausing_ = true;
+    pauseEnds_ = parts_.timers.elapsed() + pause;
+    retryTimer_->start(pause);
+    refuseTheImpatient();
+    for (const auto& request : lastSession_->takeUnanswered()) {
+        if (request.answer) {
+            request.answer(RequestFailure{RequestFailure::Kind::unavailable, "it " + how});
+        }
+    }
+}
+
+void ExtensionClient::retry() {
+    isPausing_ = false;
+    proceed();
+}
+
+std::chrono::milliseconds ExtensionClient::untilRetry() const {
+    return pauseEnds_ - parts_.timers.elapsed();
+}
+
+void ExtensionClient::refuseTheImpatient() {
+    if (untilRetry() <= parts_.limits.answer) {
+        return;
+    }
+    const auto impatient = std::stable_partition(
+        waiting_.begin(), waiting_.end(),
+        [](const auto& request) { return request.patience == Patience::lasting; });
+    std::move(impatient, waiting_.end(), std::back_inserter(refused_));
+    waiting_.erase(impatient, waiting_.end());
+    if (!refused_.empty()) {
+        refusalTimer_->start(std::chrono::milliseconds(0));
+    }
+}
+
+void ExtensionClient::answerRefused() {
+    for (const auto& request : std::exchange(refused_, {})) {
+        request.answer(
+            RequestFailure{RequestFailure::Kind::unavailable,
+                           fmt::format("it failed before and is not started again before {:g} s",
+                                       std::chrono::duration<double>(untilRetry()).count())});
+    }
+}
+
+}  // namespace kelmar::host

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <chrono>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Host/Backoff.h"
+#include "Host/ExtensionRequest.h"
+#include "Host/ExtensionSession.h"
+#include "Host/HostLimits.h"
+#include "Kit/Descriptor.h"
+
+namespace kelmar::host {
+
+/// The extension as the rest of the host sees it: always there. Starts its process when something
+/// is asked, ends it when nothing was asked for a while, and replaces it when it fails, each time
+/// after a longer pause until it answers again.
+class ExtensionClient final : private SessionOwner {
+public:
+    /// All of them outlive the client.
+    struct Parts {
+        ExtensionLauncher& launcher;
+        UrlGate& urlGate;
+        Timers& timers;
+        Log& log;
+        HostLimits limits;
+        std::string name;  ///< Of the extension, for the log.
+    };
+
+    /// `bundleCame` runs each time the extension has introduced itself.
+    ExtensionClient(Parts parts, std::function<void(kit::Bundle)> bundleCame);
+    ~ExtensionClient() override;
+    ExtensionClient(const ExtensionClient&) = delete;
+    ExtensionClient& operator=(const ExtensionClient&) = delete;
+
+    /// Has the extension introduce itself, unless it has done so.
+    void start();
+    /// Requests reach the extension in the order in which they are made. `request.answer` runs
+    /// exactly once, never within this call, unless the client goes before.
+    void request(ExtensionRequest request);
+
+private:
+    void sessionReady(kit::Bundle bundle) override;
+    void sessionAnswered() override;
+    void sessionWentIdle() override;
+    void sessionFailed(const std::string& how) override;
+
+    void proceed();
+    void retire();
+    void retry();
+    [[nodiscard]] std::chrono::milliseconds untilRetry() const;
+    void refuseTheImpatient();
+    void answerRefused();
+
+    Parts parts_;
+    std::function<void(kit::Bundle)> bundleCame_;
+    bool hasBundle_ = false;
+    std::deque<ExtensionRequest> waiting_;
+    std::vector<ExtensionRequest> refused_;
+    Backoff backoff_;
+    bool isPausing_ = false;  ///< Whether the extension failed and is not to be started yet.
+    std::chrono::milliseconds pauseEnds_{0};
+    std::unique_ptr<Timer> retryTimer_;
+    std::unique_ptr<Timer> idleTimer_;
+    std::unique_ptr<Timer> refusalTimer_;
+    std::unique_ptr<ExtensionSession> session_;
+    /// The session before: it may be what called us when it failed.
+    std::unique_ptr<ExtensionSession> lastSession_;
+};
+
+}  // namespace kelmar::host

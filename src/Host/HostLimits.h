@@ -1,0 +1,30 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+
+namespace kelmar::host {
+
+/// How long and how often the host lets an extension and the file system have their way. The
+/// defaults are what users get; tests scale them down.
+struct HostLimits {
+    /// From sending a request to its answer; the extension's own opening of URLs does not count.
+    std::chrono::milliseconds answer{5'000};
+    /// From the last answer to the end of the process.
+    std::chrono::milliseconds idle{2'000};
+    /// From the end of its input until a process that stays is killed.
+    std::chrono::milliseconds ending{1'000};
+    std::chrono::milliseconds firstRetry{1'000};
+    std::chrono::milliseconds longestRetry{5 * 60'000};
+    /// Changes of files that follow one another within this time are one change.
+    std::chrono::milliseconds fileBurst{100};
+    /// Lines of nonsense that one process may print before it is replaced.
+    int faults = 20;
+    /// URLs that one process may have waiting to be opened.
+    std::size_t waitingUrls = 32;
+    /// Lines of an extension's standard error that reach the log within `errorLinesTime`.
+    int errorLines = 20;
+    std::chrono::milliseconds errorLinesTime{10'000};
+};
+
+}  // namespace kelmar::host

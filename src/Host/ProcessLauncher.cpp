@@ -1,0 +1,170 @@
+#include "Host/ProcessLauncher.h"
+
+#include <QDeadlineTimer>
+#include <QPointer>
+#include <QProcess>
+#include <QTimer>
+#include <cstring>
+#include <fmt/format.h>
+
+#include "Host/LineBuffer.h"
+#include "Kit/Protocol.h"
+
+namespace kelmar::host {
+namespace {
+
+constexpr std::size_t longestErrorLine = 4'096;
+
+std::string_view viewOf(const QByteArray& bytes) {
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+/// One child process from its start until it is gone, however it is brought there.
+class Child final : public QObject {
+public:
+    Child(const std::string& executable, ExtensionListener& listener, const HostLimits& limits,
+          Log& log, QObject* parent)
+        : QObject(parent), process_(this), listener_(&listener), limits_(limits), log_(log) {
+        connect(&process_, &QProcess::readyReadStandardOutput, this, &Child::readOutput);
+        connect(&process_, &QProcess::readyReadStandardError, this, &Child::readErrors);
+        connect(&process_, &QProcess::finished, this, &Child::finish);
+        // Queued: a start may fail at once, and nobody expects to hear of a process before having
+        // it.
+        connect(
+            &process_, &QProcess::errorOccurred, this,
+            [this](QProcess::ProcessError error) {
+                if (error == QProcess::FailedToStart) {
+                    leave("could not be started: " + process_.errorString().toStdString());
+                }
+            },
+            Qt::QueuedConnection);
+        process_.setWorkingDirectory(QStringLiteral("/"));
+        process_.start(QString::fromStdString(executable), {});
+    }
+
+    void write(std::string_view line) {
+        process_.write(line.data(), static_cast<qint64>(line.size()));
+        process_.write("\n", 1);
+    }
+
+    void end(Ending ending) {
+        listener_ = nullptr;
+        if (ending == Ending::atOnce) {
+            process_.kill();
+            return;
+        }
+        process_.closeWriteChannel();
+        QTimer::singleShot(limits_.ending, this, [this] { killIfItStays(); });
+    }
+
+    void waitUntilGone(QDeadlineTimer deadline) {
+        listener_ = nullptr;
+        process_.closeWriteChannel();
+        process_.waitForFinished(static_cast<int>(deadline.remainingTime()));
+        killIfItStays();
+        process_.waitForFinished();
+    }
+
+private:
+    void readOutput() {
+        output_.append(viewOf(process_.readAllStandardOutput()));
+        while (listener_ != nullptr) {
+            if (output_.isOverlong()) {
+                listener_->overlongLineCame();
+                return;
+            }
+            const auto line = output_.takeLine();
+            if (!line) {
+                return;
+            }
+            listener_->lineCame(*line);
+        }
+    }
+
+    void readErrors() {
+        errors_.append(viewOf(process_.readAllStandardError()));
+        while (listener_ != nullptr) {
+            const auto line = errors_.isOverlong() ? errors_.takePiece() : errors_.takeLine();
+            if (!line) {
+                return;
+            }
+            listener_->errorLineCame(*line);
+        }
+    }
+
+    void finish(int code, QProcess::ExitStatus status) {
+        leave(status == QProcess::NormalExit
+                  ? fmt::format("ended with exit status {}", code)
+                  : fmt::format("was ended by signal {} ({})", code, strsignal(code)));
+    }
+
+    void leave(std::string how) {
+        if (auto* const listener = std::exchange(listener_, nullptr)) {
+            listener->processEnded(std::move(how));
+        }
+        deleteLater();
+    }
+
+    void killIfItStays() {
+        if (process_.state() != QProcess::NotRunning) {
+            log_.write(LogLevel::warning,
+                       fmt::format("the extension stayed {} ms after the end of its input; killed",
+                                   limits_.ending.count()));
+            process_.kill();
+        }
+    }
+
+    QProcess process_;
+    ExtensionListener* listener_;
+    HostLimits limits_;
+    Log& log_;
+    LineBuffer output_{kit::maximumLineLength};
+    LineBuffer errors_{longestErrorLine};
+};
+
+class ChildHandle final : public ExtensionProcess {
+public:
+    explicit ChildHandle(Child* child) : child_(child) {}
+    ~ChildHandle() override {
+        if (!ended_) {
+            end(Ending::gently);
+        }
+    }
+    ChildHandle(const ChildHandle&) = delete;
+    ChildHandle& operator=(const ChildHandle&) = delete;
+
+    void write(std::string_view line) override {
+        if (child_) {
+            child_->write(line);
+        }
+    }
+    void end(Ending ending) override {
+        ended_ = true;
+        if (child_) {
+            child_->end(ending);
+        }
+    }
+
+private:
+    QPointer<Child> child_;
+    bool ended_ = false;
+};
+
+}  // namespace
+
+ProcessLauncher::ProcessLauncher(std::string executable, const HostLimits& limits, Log& log)
+    : executable_(std::move(executable)), limits_(limits), log_(log) {}
+
+ProcessLauncher::~ProcessLauncher() {
+    const QDeadlineTimer deadline(limits_.ending);
+    for (auto* const object : children_.children()) {
+        static_cast<Child*>(object)->waitUntilGone(deadline);
+    }
+}
+
+std::unique_ptr<ExtensionProcess> ProcessLauncher::launch(ExtensionListener& listener) {
+    return std::make_unique<ChildHandle>(
+        new Child(executable_, listener, limits_, log_, &children_));
+}
+
+}  // namespace kelmar::host
