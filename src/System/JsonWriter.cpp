@@ -18,6 +18,16 @@ rapidjson::SizeType sizeOf(std::string_view text) {
     return static_cast<rapidjson::SizeType>(text.size());
 }
 
+/// Writes numbers as they stand; the library's own writer would put them in quotes.
+class NumberKeepingWriter final : public rapidjson::PrettyWriter<rapidjson::StringBuffer> {
+public:
+    using PrettyWriter::PrettyWriter;
+
+    bool RawNumber(const Ch* digits, rapidjson::SizeType length, bool /*copy*/) {  // NOLINT
+        return RawValue(digits, length, rapidjson::kNumberType);
+    }
+};
+
 }  // namespace
 
 struct JsonWriter::State {
@@ -79,7 +89,7 @@ std::string JsonWriter::text() const {
 std::string prettyPrinted(std::string_view json) {
     rapidjson::MemoryStream input(json.data(), json.size());
     rapidjson::StringBuffer output;
-    rapidjson::PrettyWriter<rapidjson::StringBuffer> writer(output);
+    NumberKeepingWriter writer(output);
     writer.SetIndent(' ', 2);
     rapidjson::Reader reader;
     reader.Parse<rapidjson::kParseNumbersAsStringsFlag>(input, writer);

@@ -45,6 +45,7 @@ const std::vector<Form>& forms() {
          ZStack{.alignment = {HorizontalAlignment::trailing, VerticalAlignment::bottom},
                 .children = {}},
          R"({"type":"zstack","alignment":"bottomTrailing","children":[]})"},
+        {"spacer", Spacer{.minLength = 2}, R"({"type":"spacer","minLength":2})"},
         {"filled shape",
          Shape{.shape = ShapeKind::roundedRectangle, .cornerRadius = 1.5, .fill = white},
          R"({"type":"shape","shape":"roundedRectangle","cornerRadius":1.5,)"
