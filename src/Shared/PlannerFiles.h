@@ -17,6 +17,6 @@ inline constexpr std::string_view tickedFolder =
 inline constexpr const char* snapshotName = "widget.json";
 
 /// Reads and decodes the snapshot afresh; nothing when it is missing or unreadable.
-[[nodiscard]] std::optional<WidgetData> loadSnapshot(const system::Folder& plannerFolder);
+[[nodiscard]] std::optional<WidgetData> loadSnapshot(const system::Folder& folder);
 
 }  // namespace kelmar::shared

@@ -22,6 +22,10 @@ struct SnapshotFault {
 /// integers may be written 3.0 but not 3.5; dates are numbers.
 [[nodiscard]] system::Result<WidgetData, SnapshotFault> decodeSnapshot(std::string_view json);
 
+/// The same without a copy of the text: the string may only grow in capacity, which one that was
+/// read from a folder need not.
+[[nodiscard]] system::Result<WidgetData, SnapshotFault> decodeSnapshotInPlace(std::string& json);
+
 /// The same JSON form, keys in the order of declaration, absent options left out.
 [[nodiscard]] std::string encodeSnapshot(const WidgetData& data);
 
