@@ -1,6 +1,6 @@
 #include "Shared/RecordDecoder.h"
 
-#include "Shared/JsonInteger.h"
+#include "Shared/JsonNumber.h"
 #include "Shared/JsonSyntax.h"
 
 namespace kelmar::shared {

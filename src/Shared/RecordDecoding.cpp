@@ -28,7 +28,8 @@ SnapshotFault explain(std::string_view json, SnapshotFault found) {
     if (start == std::string_view::npos)
         return {root, "nothing", objectName};
     if (const std::optional<SyntaxError> error = findSyntaxError(json))
-        return {root, error->reason + " at " + placeOf(json, error->offset), "valid JSON"};
+        return {root, placeOf(json, error->offset) + ": " + std::string(error->reason),
+                "valid JSON"};
     if (json[start] == '[')
         return {root, "a list", objectName};
     if (json[start] != '{')
