@@ -36,7 +36,7 @@ public:
     /// For how long a tick is offered for undo.
     static constexpr system::Seconds undoAge = 10;
 
-    explicit WidgetTicks(system::Folder& tickedFolder) : folder_(tickedFolder) {}
+    explicit WidgetTicks(system::Folder& folder) : folder_(folder) {}
 
     /// The file-name form of an id: unpadded URL-safe Base64 of its UTF-8 bytes.
     [[nodiscard]] static std::string name(std::string_view id);
