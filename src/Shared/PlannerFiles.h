@@ -10,8 +10,8 @@
 namespace kelmar::shared {
 
 /// The planner's folder and its parts, relative to the home folder.
-inline constexpr std::string_view plannerFolder = "Library/Application Support/Kelmar Planner";
-inline constexpr std::string_view tickedFolder =
+inline constexpr std::string_view plannerFolderPath = "Library/Application Support/Kelmar Planner";
+inline constexpr std::string_view tickedFolderPath =
     "Library/Application Support/Kelmar Planner/Ticked";
 /// The snapshot's name in the planner's folder.
 inline constexpr const char* snapshotName = "widget.json";

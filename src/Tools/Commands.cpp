@@ -288,7 +288,7 @@ int checkSnapshot(const Options& options) {
     const Stage stage(options);
     const std::string path =
         options.file.empty()
-            ? fmt::format("{}/{}/{}", stage.home(), shared::plannerFolder, shared::snapshotName)
+            ? fmt::format("{}/{}/{}", stage.home(), shared::plannerFolderPath, shared::snapshotName)
             : options.file;
     const auto bytes = system::readFile(path);
     if (!bytes) {

@@ -25,8 +25,8 @@ int main() {
     const auto calendar = system::makeCalendar({}, {});
     const system::LocaleTexts localeTexts({}, {});
     const system::GettextLocalization localization({}, system::catalogueFolder());
-    const system::DiskFolder plannerFolder(home + std::string(shared::plannerFolder));
-    system::DiskFolder tickedFolder(home + std::string(shared::tickedFolder));
+    const system::DiskFolder plannerFolder(home + std::string(shared::plannerFolderPath));
+    system::DiskFolder tickedFolder(home + std::string(shared::tickedFolderPath));
     widget::HostAppLink appLink(sendLine);
     const widget::Surroundings surroundings{.clock = clock,
                                             .calendar = *calendar,
