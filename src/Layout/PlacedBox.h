@@ -19,7 +19,7 @@ namespace kelmar::layout {
 
 /// One line as it is drawn: cut off with an ellipsis where it had to be.
 struct TextLine {
-    std::string text;
+    std::string text = {};
     double x = 0;         ///< Left edge, from the box's left edge.
     double baseline = 0;  ///< From the box's top edge.
     double width = 0;
@@ -28,8 +28,8 @@ struct TextLine {
 };
 
 struct TextDrawing {
-    std::vector<TextLine> lines;
-    kit::Font font;  ///< Already shrunk where the text had to shrink.
+    std::vector<TextLine> lines = {};
+    kit::Font font = {};  ///< Already shrunk where the text had to shrink.
     kit::Color color = kit::primary;
     bool strikethrough = false;
 
@@ -56,7 +56,7 @@ struct ShapeDrawing {
 struct CountdownDrawing {
     system::Date from;
     system::Date to;
-    kit::Font font;
+    kit::Font font = {};
     kit::Color color = kit::primary;
     double baseline = 0;
 
@@ -89,16 +89,16 @@ struct ToggleAction {
 using Action = std::variant<std::monostate, LinkAction, ButtonAction, ToggleAction>;
 
 struct PlacedBox {
-    Rect rect;
-    Drawing drawing;
+    Rect rect = {};
+    Drawing drawing = {};
     double opacity = 1;
-    Action action;
+    Action action = {};
     /// What a screen reader says; empty where the drawing is mere decoration. For text and
     /// countdowns the text itself unless the view says otherwise; links gather what lies in them.
-    std::string label;
+    std::string label = {};
     /// The link, button or toggle that this box lies in: an index of the list, always smaller than
     /// this box's own.
-    std::optional<std::size_t> container;
+    std::optional<std::size_t> container = std::nullopt;
 
     bool operator==(const PlacedBox&) const = default;
 };
