@@ -2,7 +2,10 @@
 
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
+#include <glib/gstdio.h>
 #include <memory>
+#include <string_view>
+#include <vector>
 
 #include "DemoPlanner/PlannerUrl.h"
 
@@ -109,6 +112,47 @@ std::string describe(const OwnedInfo& handler) {
            (id != nullptr ? " (" + std::string(id) + ")" : "");
 }
 
+/// Takes our name out of one group's list of the programs for the scheme; whether it stood there.
+bool dropFrom(GKeyFile* file, const char* group) {
+    gsize count = 0;
+    gchar** const ids = g_key_file_get_string_list(file, group, plannerSchemeType, &count, nullptr);
+    std::vector<const gchar*> kept;
+    for (gsize index = 0; index < count; ++index) {
+        if (std::string_view(ids[index]) != desktopId) {
+            kept.push_back(ids[index]);
+        }
+    }
+    const bool found = kept.size() != count;
+    if (found && kept.empty()) {
+        g_key_file_remove_key(file, group, plannerSchemeType, nullptr);
+    } else if (found) {
+        g_key_file_set_string_list(file, group, plannerSchemeType, kept.data(), kept.size());
+    }
+    g_strfreev(ids);
+    return found;
+}
+
+/// GIO can forget all programs for a scheme or none, so the user's list (MIME Applications
+/// Associations) is cleaned of our name here and keeps all others.
+Result<Done> dropAssociations() {
+    const std::string path = std::string(g_get_user_config_dir()) + "/mimeapps.list";
+    const OwnedKeyFile file(g_key_file_new());
+    constexpr auto everything =
+        static_cast<GKeyFileFlags>(G_KEY_FILE_KEEP_COMMENTS | G_KEY_FILE_KEEP_TRANSLATIONS);
+    if (g_key_file_load_from_file(file.get(), path.c_str(), everything, nullptr) == FALSE) {
+        return Done{};
+    }
+    bool found = false;
+    for (const char* const group : {"Default Applications", "Added Associations"}) {
+        found = dropFrom(file.get(), group) || found;
+    }
+    GError* error = nullptr;
+    if (found && g_key_file_save_to_file(file.get(), path.c_str(), &error) == FALSE) {
+        return failureOf(path + " cannot be written", error);
+    }
+    return Done{};
+}
+
 }  // namespace
 
 Result<std::string> registerSchemeHandler(const std::string& program) {
@@ -119,7 +163,10 @@ Result<std::string> registerSchemeHandler(const std::string& program) {
     if (const Result<Done> written = writeDesktopFile(program); !written) {
         return written.failure();
     }
-    if (before && !isOurs(before)) {
+    if (isOurs(before)) {
+        return std::string(plannerScheme) + ": URLs are opened by " + program;
+    }
+    if (before) {
         return std::string(plannerScheme) + ": URLs are opened by " + describe(before) +
                ", and stay with it";
     }
@@ -141,9 +188,10 @@ Result<std::string> unregisterSchemeHandler() {
         case DesktopFile::ours:
             break;
     }
-    const OwnedInfo own(
-        reinterpret_cast<GAppInfo*>(g_desktop_app_info_new_from_filename(desktopPath().c_str())));
-    if (!own || g_app_info_delete(own.get()) == FALSE) {
+    if (const Result<Done> dropped = dropAssociations(); !dropped) {
+        return dropped.failure();
+    }
+    if (g_remove(desktopPath().c_str()) != 0) {
         return Failure{desktopPath() + " cannot be removed"};
     }
     return std::string(plannerScheme) + ": URLs are no longer opened by kelmar-planner-demo";

@@ -151,7 +151,7 @@ int run(int& count, char** arguments, const Options& options, PlannerDisk& disk,
 }
 
 int start(int& count, char** arguments, const Options& options) {
-    const std::string folder = system::homeFolder() + "/" + std::string(shared::plannerFolder);
+    const std::string folder = system::homeFolder() + "/" + std::string(shared::plannerFolderPath);
     if (options.task == Options::Task::quit && !std::filesystem::exists(folder)) {
         return 0;
     }
