@@ -1,8 +1,13 @@
 #pragma once
 
-#include <gio/gio.h>
 #include <memory>
 #include <string>
+
+// GIO has a member of this name, which Qt makes a keyword.
+#pragma push_macro("signals")
+#undef signals
+#include <gio/gio.h>
+#pragma pop_macro("signals")
 
 namespace kelmar::host {
 
