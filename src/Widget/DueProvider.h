@@ -1,10 +1,9 @@
 #pragma once
 
 #include <optional>
-#include <vector>
 
-#include "Kit/Timeline.h"
 #include "Shared/WidgetTicks.h"
+#include "Widget/BundledWidget.h"
 #include "Widget/Snapshots.h"
 #include "Widget/Surroundings.h"
 
@@ -17,10 +16,7 @@ struct DueEntry {
     std::optional<shared::WidgetTicks::Tick> undo;  ///< The tick that may still be taken back.
 };
 
-struct DueTimeline {
-    std::vector<DueEntry> entries;
-    kit::ReloadPolicy policy;
-};
+using DueTimeline = EntryTimeline<DueEntry>;
 
 /// Answers the host's three requests for the Due Today widget. Keeps no state: every request reads
 /// the snapshot and the tick journal afresh.

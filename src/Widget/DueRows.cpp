@@ -2,6 +2,7 @@
 
 #include "System/Fatal.h"
 #include "System/Url.h"
+#include "Widget/Building.h"
 #include "Widget/HexString.h"
 #include "Widget/Links.h"
 #include "Widget/Snapshots.h"
@@ -15,18 +16,14 @@ using kit::FontWeight;
 using Item = shared::WidgetData::Item;
 
 kit::View colorBar(const Item& item, double height) {
-    return kit::Frame{
-        .lengths = {.width = 3, .height = height},
-        .child = kit::Shape{.shape = kit::ShapeKind::roundedRectangle,
-                            .cornerRadius = 1.5,
-                            .fill = hexString(item.classColor).value_or(kit::secondary)}};
+    return withSize(3, height,
+                    kit::Shape{.shape = kit::ShapeKind::roundedRectangle,
+                               .cornerRadius = 1.5,
+                               .fill = hexString(item.classColor).value_or(kit::secondary)});
 }
 
-kit::Text oneLine(std::string text, double size, FontWeight weight, kit::Color color) {
-    return {.text = std::move(text),
-            .font = kit::Font::system(size, weight),
-            .color = color,
-            .lineLimit = 1};
+kit::Text line(std::string text, double size, FontWeight weight, kit::Color color) {
+    return oneLine(std::move(text), kit::Font::system(size, weight), color);
 }
 
 }  // namespace
@@ -76,13 +73,13 @@ kit::View DueRows::titleAndTime(const Item& item, RowGroup group) const {
     return kit::VStack{
         .alignment = kit::HorizontalAlignment::leading,
         .spacing = 0,
-        .children = {oneLine(item.title, isToday ? 13 : 12, FontWeight::medium, kit::primary),
-                     kit::HStack{.alignment = kit::VerticalAlignment::firstTextBaseline,
-                                 .spacing = 5,
-                                 .children = {oneLine(when(item, group), lineSize,
-                                                      FontWeight::medium, dueColor),
-                                              oneLine(item.className, lineSize, FontWeight::regular,
-                                                      kit::secondary)}}}};
+        .children = {
+            line(item.title, isToday ? 13 : 12, FontWeight::medium, kit::primary),
+            kit::HStack{.alignment = kit::VerticalAlignment::firstTextBaseline,
+                        .spacing = 5,
+                        .children = {
+                            line(when(item, group), lineSize, FontWeight::medium, dueColor),
+                            line(item.className, lineSize, FontWeight::regular, kit::secondary)}}}};
 }
 
 kit::View DueRows::row(const Item& item, RowGroup group) const {
@@ -93,22 +90,17 @@ kit::View DueRows::row(const Item& item, RowGroup group) const {
                     .children = {colorBar(item, isToday ? 30 : 24), titleAndTime(item, group)}};
     // The tick stands outside the link, so that ticking never opens the planner; the link takes
     // the rest of the row, so that a press behind a short title is not lost.
-    return kit::HStack{
-        .alignment = kit::VerticalAlignment::center,
-        .spacing = 7,
-        .children = {tick(item, isToday ? 16 : 15),
-                     kit::Link{.url = url(item),
-                               .child = kit::Frame{.lengths = {.maxWidth = kit::infinity},
-                                                   .alignment = {kit::HorizontalAlignment::leading,
-                                                                 kit::VerticalAlignment::center},
-                                                   .child = label}}}};
+    return kit::HStack{.alignment = kit::VerticalAlignment::center,
+                       .spacing = 7,
+                       .children = {tick(item, isToday ? 16 : 15),
+                                    kit::Link{.url = url(item), .child = fillingWidth(label)}}};
 }
 
 kit::View DueRows::compactRow(const Item& item) const {
     return kit::HStack{.alignment = kit::VerticalAlignment::center,
                        .spacing = 5,
                        .children = {tick(item, 13), colorBar(item, 14),
-                                    oneLine(item.title, 11, FontWeight::medium, kit::primary)}};
+                                    line(item.title, 11, FontWeight::medium, kit::primary)}};
 }
 
 kit::View DueRows::undoButton(const shared::WidgetTicks::Tick& tick) const {
@@ -119,25 +111,23 @@ kit::View DueRows::undoButton(const shared::WidgetTicks::Tick& tick) const {
         .child = kit::Background{
             .content =
                 kit::Shape{.shape = kit::ShapeKind::capsule, .fill = accent_.withOpacity(0.14)},
-            .child = kit::Frame{
-                .lengths = {.height = 20},
-                .child = kit::Padding{
-                    .insets = {.leading = 8, .trailing = 8},
-                    .child = kit::Text{.text = undo,
-                                       .font = kit::Font::system(11, FontWeight::semibold),
-                                       .color = accent_}}}}};
+            .child = withHeight(20, kit::Padding{.insets = {.leading = 8, .trailing = 8},
+                                                 .child = kit::Text{.text = undo,
+                                                                    .font = kit::Font::system(
+                                                                        11, FontWeight::semibold),
+                                                                    .color = accent_}})}};
 }
 
 kit::View DueRows::undoBar(const shared::WidgetTicks::Tick& tick) const {
     const std::string done =
         surroundings_.localization.text(family_ == kit::Family::small ? "Done" : "Marked done");
-    return kit::HStack{.alignment = kit::VerticalAlignment::center,
-                       .spacing = 4,
-                       .children = {kit::Symbol{.name = "checkmark.circle.fill",
-                                                .font = kit::Font::system(12),
-                                                .color = accent_},
-                                    oneLine(done, 11, FontWeight::regular, kit::secondary),
-                                    kit::Spacer{}, undoButton(tick)}};
+    return kit::HStack{
+        .alignment = kit::VerticalAlignment::center,
+        .spacing = 4,
+        .children = {
+            kit::Symbol{
+                .name = "checkmark.circle.fill", .font = kit::Font::system(12), .color = accent_},
+            line(done, 11, FontWeight::regular, kit::secondary), kit::Spacer{}, undoButton(tick)}};
 }
 
 }  // namespace kelmar::widget

@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 #include <span>
 
+#include "Widget/Building.h"
 #include "Widget/Links.h"
 
 namespace kelmar::widget {
@@ -14,23 +15,6 @@ using kit::Family;
 using kit::FontWeight;
 using kit::HorizontalAlignment;
 using kit::VerticalAlignment;
-
-constexpr kit::Alignment topLeading{HorizontalAlignment::leading, VerticalAlignment::top};
-
-/// A child that takes the whole room it is offered, itself at one of the room's corners.
-kit::View filling(kit::View child, kit::Alignment alignment) {
-    return kit::Frame{.lengths = {.maxWidth = kit::infinity, .maxHeight = kit::infinity},
-                      .alignment = alignment,
-                      .child = std::move(child)};
-}
-
-kit::View withHeight(double height, kit::View child) {
-    return kit::Frame{.lengths = {.height = height}, .child = std::move(child)};
-}
-
-kit::Text plain(std::string text, double size, kit::Color color = kit::primary) {
-    return {.text = std::move(text), .font = kit::Font::system(size), .color = color};
-}
 
 std::span<const shared::WidgetData::Item* const> firstOf(const Focus::Items& items, int count) {
     return std::span(items).first(std::min(items.size(), static_cast<std::size_t>(count)));
@@ -57,15 +41,9 @@ kit::DrawnEntry DueTodayView::body() const {
 }
 
 kit::View DueTodayView::signedOut() const {
-    return kit::VStack{
-        .spacing = 6,
-        .children = {
-            kit::Symbol{
-                .name = "graduationcap.fill", .font = kit::Font::system(20), .color = accent_},
-            kit::Text{.text = surroundings_.localization.text(
-                          "Open Kelmar Planner and sign in to see what’s due."),
-                      .font = kit::Font::caption(),
-                      .color = kit::secondary}}};
+    return signInSentence(
+        "graduationcap.fill", accent_,
+        surroundings_.localization.text("Open Kelmar Planner and sign in to see what’s due."));
 }
 
 kit::View DueTodayView::smallLayout() const {
@@ -181,8 +159,7 @@ kit::View DueTodayView::listLayout(double height) const {
         // The line takes the height that is left, so that it keeps its place at the bottom however
         // few rows there are; beneath the caught-up block that one takes it.
         elements.push_back(isCaughtUp ? std::move(*line)
-                                      : filling(std::move(*line), {HorizontalAlignment::leading,
-                                                                   VerticalAlignment::bottom}));
+                                      : filling(std::move(*line), bottomLeading));
     }
     return filling(kit::VStack{.alignment = HorizontalAlignment::leading,
                                .spacing = fit.gap,

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "Widget/Colors.h"
 #include "Widget/DueRows.h"
-#include "Widget/DueTodayWidget.h"
 #include "tests/Support/FindViews.h"
 #include "tests/Support/TestSurroundings.h"
 

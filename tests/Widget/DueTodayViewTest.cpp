@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "Kit/Metrics.h"
+#include "Widget/Colors.h"
 #include "Widget/DueTodayView.h"
-#include "Widget/DueTodayWidget.h"
 #include "tests/Support/FindViews.h"
 #include "tests/Support/TestSurroundings.h"
 
