@@ -13,7 +13,7 @@ struct Appearance {
     Scheme scheme = Scheme::light;
     kit::RenderingMode renderingMode = kit::RenderingMode::fullColor;
     /// The desktop's accent colour. An invalid colour stands for a desktop that names none.
-    QColor accent;
+    QColor accent{};
 
     friend bool operator==(const Appearance&, const Appearance&) = default;
 };
@@ -23,7 +23,7 @@ enum class Redaction { shown, redacted };
 
 /// How a widget is put into pixels.
 struct PaintStyle {
-    Appearance appearance;
+    Appearance appearance{};
     double scale = 1;  ///< Device pixels a point.
     Redaction redaction = Redaction::shown;
 

@@ -13,9 +13,9 @@ namespace kelmar::paint {
 /// What stands around boxes while they are drawn.
 struct PaintContext {
     const PaintResources& resources;
-    PaintStyle style;
+    PaintStyle style{};
     layout::Direction direction = layout::Direction::leftToRight;
-    system::Date now;  ///< For countdowns and bars that empty by themselves.
+    system::Date now{};  ///< For countdowns and bars that empty by themselves.
 };
 
 /// Draws placed boxes, back to front. The painter's units must be device pixels (no scaling, a

@@ -20,7 +20,7 @@ struct SymbolRequest {
     std::string name;
     kit::FontWeight weight = kit::FontWeight::regular;
     int side = 0;  ///< Of the square, in device pixels.
-    QColor color;
+    QColor color{};
     PixelPhase horizontalPhase = PixelPhase::whole;
     PixelPhase verticalPhase = PixelPhase::whole;
 };

@@ -3,6 +3,9 @@
 #include <QFontMetricsF>
 #include <algorithm>
 #include <cmath>
+#include <string>
+
+#include "Layout/CountdownText.h"
 
 namespace kelmar::paint {
 namespace {
@@ -18,20 +21,6 @@ constexpr double barRise = 0.7;
 
 /// Beyond this no screen shows a glyph, and a font engine may fail.
 constexpr double largestPixelSize = 2000;
-
-std::string countdownText(const layout::CountdownDrawing& countdown, system::Date now) {
-    const double left = std::max(0.0, countdown.to - std::max(now, countdown.from));
-    const auto seconds = static_cast<long long>(std::min(std::ceil(left), 1e15));
-    const QString minutesAndSeconds =
-        QStringLiteral("%1:%2").arg(seconds / 60 % 60).arg(seconds % 60, 2, 10, QChar(u'0'));
-    if (seconds < 3600) {
-        return minutesAndSeconds.toStdString();
-    }
-    return QStringLiteral("%1:%2")
-        .arg(seconds / 3600)
-        .arg(minutesAndSeconds, 5, u'0')
-        .toStdString();
-}
 
 /// Draws one piece of a line from its left edge on a baseline, both in device pixels.
 void drawPiece(const Canvas& canvas, const QString& text, const kit::Font& font, QPointF origin) {
@@ -98,7 +87,8 @@ void drawText(const Canvas& canvas, const layout::Rect& rect, const layout::Text
 void drawCountdown(const Canvas& canvas, const layout::Rect& rect,
                    const layout::CountdownDrawing& countdown) {
     const PaintContext& context = canvas.context;
-    const std::string text = countdownText(countdown, context.now);
+    const std::string text =
+        layout::countdownText(countdown.to - std::max(context.now, countdown.from));
     const double width = context.resources.measurer().width(text, countdown.font);
     const double x =
         context.direction == layout::Direction::leftToRight ? rect.x : rect.right() - width;

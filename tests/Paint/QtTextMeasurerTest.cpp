@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+#include <rapidcheck.h>
+#include <rapidcheck/gtest.h>
+#include <string>
+
+#include "Paint/QtTextMeasurer.h"
+
+namespace kelmar::paint {
+namespace {
+
+const kit::Font plain = kit::Font::system(13);
+
+QtTextMeasurer measurer() {
+    return QtTextMeasurer(FontSet(QStringLiteral("Inter"), QStringLiteral("Quicksand")));
+}
+
+TEST(QtTextMeasurer, NothingHasNoWidth) {
+    EXPECT_EQ(measurer().width("", plain), 0);
+    EXPECT_EQ(measurer().width("", plain.monospacedDigits()), 0);
+}
+
+TEST(QtTextMeasurer, WidthsGrowExactlyWithTheSize) {
+    const QtTextMeasurer widths = measurer();
+    const std::string text = "Essay on the causes of the war";
+    const double atTen = widths.width(text, kit::Font::system(10));
+    for (const double size : {9.6, 11.5, 12.5, 13.0, 48.0}) {
+        EXPECT_NEAR(widths.width(text, kit::Font::system(size)), atTen * size / 10, 1e-9);
+    }
+}
+
+TEST(QtTextMeasurer, WordsAndBlanksAddUpToTheLine) {
+    const QtTextMeasurer widths = measurer();
+    const double parts =
+        widths.width("Problem", plain) + widths.width(" ", plain) + widths.width("set", plain);
+    EXPECT_NEAR(widths.width("Problem set", plain), parts, 0.3);
+}
+
+TEST(QtTextMeasurer, HeavierTextIsWider) {
+    const QtTextMeasurer widths = measurer();
+    EXPECT_GT(widths.width("Streak", kit::Font::system(13, kit::FontWeight::black)),
+              widths.width("Streak", plain));
+}
+
+TEST(QtTextMeasurer, DesignsAreToldApart) {
+    const QtTextMeasurer widths = measurer();
+    EXPECT_NE(widths.width("Streak", plain.rounded()), widths.width("Streak", plain));
+}
+
+RC_GTEST_PROP(QtTextMeasurer, MonospacedDigitsAllTakeTheSameRoom, ()) {
+    static const QtTextMeasurer widths = measurer();
+    const kit::Font font = kit::Font::system(10).monospacedDigits();
+    const auto digits = [] { return std::to_string(*rc::gen::inRange(1000, 10000)); };
+    RC_ASSERT(std::abs(widths.width(digits(), font) - widths.width(digits(), font)) < 1e-9);
+}
+
+TEST(QtTextMeasurer, ProportionalDigitsKeepTheirOwnWidths) {
+    const QtTextMeasurer widths = measurer();
+    EXPECT_LT(widths.width("1111", plain), widths.width("0000", plain));
+}
+
+TEST(QtTextMeasurer, MonospacedDigitsStandCentredInCellsOfTheWidest) {
+    const QtTextMeasurer widths = measurer();
+    const kit::Font font = plain.monospacedDigits();
+    const std::vector<TextPiece> pieces = widths.pieces(QStringLiteral("1:0"), font);
+    ASSERT_EQ(pieces.size(), 3U);
+    EXPECT_GT(pieces[0].x, 0);
+    EXPECT_EQ(pieces[0].width, pieces[2].width);
+    EXPECT_NEAR(pieces[1].x, pieces[0].width, 1e-9);
+    EXPECT_NEAR(pieces[0].width + pieces[1].width + pieces[2].width, widths.width("1:0", font),
+                1e-9);
+}
+
+TEST(QtTextMeasurer, TextFromRightToLeftStaysInOnePiece) {
+    const QtTextMeasurer widths = measurer();
+    const QString text = QStringLiteral("الساعة 9:30");
+    const std::vector<TextPiece> pieces = widths.pieces(text, plain.monospacedDigits());
+    ASSERT_EQ(pieces.size(), 1U);
+    EXPECT_NEAR(pieces[0].width, widths.width(text.toStdString(), plain), 1e-9);
+}
+
+TEST(QtTextMeasurer, ForgettingOldTextsChangesNoWidth) {
+    const QtTextMeasurer widths = measurer();
+    const double before = widths.width("Reading", plain);
+    const std::string filler(2000, 'x');
+    for (int text = 0; text < 60; ++text) {
+        EXPECT_GT(widths.width(std::to_string(text) + filler, plain), 10'000);
+    }
+    EXPECT_EQ(widths.width("Reading", plain), before);
+}
+
+TEST(QtTextMeasurer, TextThatIsNoUtf8StillHasAWidth) {
+    EXPECT_GT(measurer().width("\xff\xfe broken", plain), 0);
+}
+
+}  // namespace
+}  // namespace kelmar::paint
