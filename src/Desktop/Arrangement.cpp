@@ -16,7 +16,7 @@ QString toQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-QJsonObject encodeWidget(const PlacedWidget& widget) {
+QJsonObject encodeWidget(const WidgetPlace& widget) {
     const QRect& geometry = widget.screen.geometry;
     const QJsonObject screen{{"name", toQString(widget.screen.name)},
                              {"x", geometry.x()},
@@ -97,7 +97,7 @@ ScreenIdentity decodeScreen(const QJsonObject& json, std::string& problem) {
                          reader.integer("height")}};
 }
 
-PlacedWidget decodeWidget(const QJsonObject& json, std::string& problem) {
+WidgetPlace decodeWidget(const QJsonObject& json, std::string& problem) {
     Reader reader(json, problem);
     return {.kind = reader.text("kind"),
             .family = reader.named("family", kit::familyNamed),
@@ -109,7 +109,7 @@ PlacedWidget decodeWidget(const QJsonObject& json, std::string& problem) {
 
 QByteArray encodeArrangement(const Arrangement& arrangement) {
     QJsonArray widgets;
-    for (const PlacedWidget& widget : arrangement.widgets) {
+    for (const WidgetPlace& widget : arrangement.widgets) {
         widgets.append(encodeWidget(widget));
     }
     return QJsonDocument(

@@ -23,18 +23,18 @@ struct ScreenIdentity {
 
 /// A widget where the user left it. Stays as it is while its screen is gone, so that the widget
 /// goes home when the screen returns.
-struct PlacedWidget {
+struct WidgetPlace {
     std::string kind;
     kit::Family family = kit::Family::medium;
     ScreenIdentity screen;
     QPoint position;  ///< Of the top left corner, from the screen's top left corner, in points.
 
-    friend bool operator==(const PlacedWidget&, const PlacedWidget&) = default;
+    friend bool operator==(const WidgetPlace&, const WidgetPlace&) = default;
 };
 
 struct Arrangement {
     kit::RenderingMode renderingMode = kit::RenderingMode::fullColor;
-    std::vector<PlacedWidget> widgets;  ///< Back to front.
+    std::vector<WidgetPlace> widgets;  ///< Back to front.
 
     friend bool operator==(const Arrangement&, const Arrangement&) = default;
 };

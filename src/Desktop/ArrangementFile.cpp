@@ -5,8 +5,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QStandardPaths>
-
-#include "Desktop/Log.h"
+#include <fmt/format.h>
 
 namespace kelmar::desktop {
 
@@ -23,7 +22,8 @@ QString freeDamagedPath(const QString& path) {
 
 }  // namespace
 
-ArrangementFile::ArrangementFile(QString path) : path_(std::move(path)) {}
+ArrangementFile::ArrangementFile(QString path, host::Log& log)
+    : path_(std::move(path)), log_(log) {}
 
 QString ArrangementFile::standardPath() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
@@ -55,18 +55,20 @@ void ArrangementFile::save(const Arrangement& arrangement) {
     QSaveFile file(path_);
     const QByteArray json = encodeArrangement(arrangement);
     if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.commit()) {
-        qCWarning(desktopLog).noquote()
-            << "The arrangement could not be saved in" << path_ + ":" << file.errorString();
+        log_.write(host::LogLevel::warning,
+                   fmt::format("The arrangement could not be saved in {}: {}", path_.toStdString(),
+                               file.errorString().toStdString()));
     }
 }
 
 void ArrangementFile::setAside(const std::string& reason) {
     const QString damaged = freeDamagedPath(path_);
     mayReplace_ = QFile::rename(path_, damaged);
-    qCWarning(desktopLog).noquote()
-        << "The arrangement in" << path_ << "cannot be used:" << reason.c_str()
-        << (mayReplace_ ? "- it is kept as " + damaged
-                        : "- it stays there, and places are not saved in this session");
+    log_.write(
+        host::LogLevel::warning,
+        fmt::format("The arrangement in {} cannot be used ({}); {}", path_.toStdString(), reason,
+                    mayReplace_ ? "it is kept as " + damaged.toStdString()
+                                : "it stays there, and places are not saved in this session"));
 }
 
 }  // namespace kelmar::desktop

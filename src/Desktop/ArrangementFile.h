@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "Desktop/Arrangement.h"
+#include "Host/Log.h"
 
 namespace kelmar::desktop {
 
@@ -11,7 +12,8 @@ namespace kelmar::desktop {
 /// a desktop that cannot keep its places is better than none.
 class ArrangementFile {
 public:
-    explicit ArrangementFile(QString path);
+    /// `log` must outlive the file.
+    ArrangementFile(QString path, host::Log& log);
     /// kelmar-widgets/arrangement.json in the user's configuration folder (XDG Base Directory
     /// Specification).
     [[nodiscard]] static QString standardPath();
@@ -27,6 +29,7 @@ private:
     void setAside(const std::string& reason);
 
     QString path_;
+    host::Log& log_;
     bool mayReplace_ = true;
 };
 

@@ -6,12 +6,11 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
+#include <QFile>
 #include <QStringList>
 #include <algorithm>
 #include <array>
 #include <utility>
-
-#include "Desktop/Log.h"
 
 namespace kelmar::desktop {
 
@@ -100,16 +99,14 @@ Preferences withSetting(Preferences preferences, const QString& settingNamespace
     return preferences;
 }
 
-PortalSettings::PortalSettings(QObject* parent) : QObject(parent) {
-    // Without an address libdbus would start a bus of its own, which nobody else talks on.
-    if (!qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") &&
-        !qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
-        qCInfo(desktopLog) << "No session bus: the desktop's preferences are unknown.";
-        return;
-    }
-    QDBusConnection bus = QDBusConnection::sessionBus();
+PortalSettings::PortalSettings(host::Log& log, QObject* parent) : QObject(parent), log_(log) {
+    // Without an address the D-Bus library would start a bus of its own, which nobody else is on.
+    const bool mayHaveBus = qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
+                            QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
+    QDBusConnection bus = mayHaveBus ? QDBusConnection::sessionBus() : QDBusConnection(QString());
     if (!bus.isConnected()) {
-        qCInfo(desktopLog) << "No session bus: the desktop's preferences are unknown.";
+        log_.write(host::LogLevel::notice,
+                   "There is no session bus: the desktop's colours and font are not followed.");
         return;
     }
     bus.connect(service, objectPath, interface, QStringLiteral("SettingChanged"), this,
@@ -137,8 +134,10 @@ void PortalSettings::readAll() {
 void PortalSettings::readAnswer(QDBusPendingCallWatcher& call) {
     const QDBusMessage answer = call.reply();
     if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != "a{sa{sv}}") {
-        qCInfo(desktopLog).noquote()
-            << "No settings portal: the desktop's preferences are unknown." << answer.errorName();
+        log_.write(
+            host::LogLevel::notice,
+            "There is no settings portal: the desktop's colours and font are not followed (" +
+                answer.errorName().toStdString() + ").");
         return;
     }
     Preferences preferences = preferences_;

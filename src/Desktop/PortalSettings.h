@@ -6,6 +6,7 @@
 #include <QVariant>
 #include <optional>
 
+#include "Host/Log.h"
 #include "Paint/Appearance.h"
 
 class QDBusPendingCallWatcher;
@@ -34,7 +35,8 @@ class PortalSettings final : public QObject {
     Q_OBJECT
 
 public:
-    explicit PortalSettings(QObject* parent = nullptr);
+    /// `log` must outlive the settings.
+    explicit PortalSettings(host::Log& log, QObject* parent = nullptr);
 
     [[nodiscard]] const Preferences& preferences() const { return preferences_; }
 
@@ -50,6 +52,7 @@ private:
     void readAnswer(QDBusPendingCallWatcher& call);
     void replace(Preferences preferences);
 
+    host::Log& log_;
     Preferences preferences_;
 };
 

@@ -28,7 +28,7 @@ std::vector<ScreenArea> currentScreens() {
     return areas;
 }
 
-const ScreenArea& screenOf(const PlacedWidget& widget, const std::vector<ScreenArea>& screens) {
+const ScreenArea& screenOf(const WidgetPlace& widget, const std::vector<ScreenArea>& screens) {
     const auto same = std::find_if(screens.begin(), screens.end(), [&](const ScreenArea& screen) {
         return screen.identity == widget.screen;
     });
@@ -41,14 +41,14 @@ const ScreenArea& screenOf(const PlacedWidget& widget, const std::vector<ScreenA
     return renewed != screens.end() ? *renewed : screens.front();
 }
 
-QRect shownGeometry(const PlacedWidget& widget, const std::vector<ScreenArea>& screens) {
+QRect shownGeometry(const WidgetPlace& widget, const std::vector<ScreenArea>& screens) {
     const ScreenArea& screen = screenOf(widget, screens);
     const QRect wanted(screen.identity.geometry.topLeft() + widget.position,
                        windowSize(widget.family));
     return {clamped(wanted, screen.visible), wanted.size()};
 }
 
-PlacedWidget movedTo(QPoint position, PlacedWidget widget, const std::vector<ScreenArea>& screens) {
+WidgetPlace movedTo(QPoint position, WidgetPlace widget, const std::vector<ScreenArea>& screens) {
     const QRect window(position, windowSize(widget.family));
     const auto nearest = std::max_element(
         screens.begin(), screens.end(), [&](const ScreenArea& first, const ScreenArea& second) {

@@ -19,17 +19,17 @@ struct ScreenArea {
 
 /// Which of `screens` the widget belongs on: its own, known by name and geometry; else the one of
 /// its name, whose resolution has changed; else the first.
-[[nodiscard]] const ScreenArea& screenOf(const PlacedWidget& widget,
+[[nodiscard]] const ScreenArea& screenOf(const WidgetPlace& widget,
                                          const std::vector<ScreenArea>& screens);
 
 /// Where the widget's window stands while the screens are these: at its place, as far as all of it
 /// is visible there.
-[[nodiscard]] QRect shownGeometry(const PlacedWidget& widget,
+[[nodiscard]] QRect shownGeometry(const WidgetPlace& widget,
                                   const std::vector<ScreenArea>& screens);
 
 /// The widget as it is kept after its window has been put somewhere else by hand.
-[[nodiscard]] PlacedWidget movedTo(QPoint position, PlacedWidget widget,
-                                   const std::vector<ScreenArea>& screens);
+[[nodiscard]] WidgetPlace movedTo(QPoint position, WidgetPlace widget,
+                                  const std::vector<ScreenArea>& screens);
 
 /// The window size of a family in points.
 [[nodiscard]] QSize windowSize(kit::Family family);

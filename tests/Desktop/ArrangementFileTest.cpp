@@ -2,6 +2,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+
+#include "tests/Desktop/RecordingLog.h"
 #include <gtest/gtest.h>
 
 #include "Desktop/ArrangementFile.h"
@@ -36,48 +38,53 @@ protected:
                                               .screen = {"S", QRect(0, 0, 800, 600)},
                                               .position = {8, 16}}}};
 
+    test::RecordingLog log_;
+
 private:
     QTemporaryDir folder_;
 };
 
 TEST_F(ArrangementFileTest, MissingFileIsAFirstStart) {
-    EXPECT_FALSE(ArrangementFile(path()).load());
+    EXPECT_FALSE(ArrangementFile(path(), log_).load());
     EXPECT_TRUE(files().isEmpty());
 }
 
 TEST_F(ArrangementFileTest, SavedArrangementIsFoundAgain) {
-    ArrangementFile(path()).save(oneWidget_);
-    EXPECT_EQ(ArrangementFile(path()).load(), oneWidget_);
+    ArrangementFile(path(), log_).save(oneWidget_);
+    EXPECT_EQ(ArrangementFile(path(), log_).load(), oneWidget_);
     EXPECT_EQ(files(), QStringList{"arrangement.json"});
 }
 
 TEST_F(ArrangementFileTest, SavingMakesTheFolder) {
-    ArrangementFile(path("not/yet/there.json")).save(oneWidget_);
-    EXPECT_EQ(ArrangementFile(path("not/yet/there.json")).load(), oneWidget_);
+    ArrangementFile(path("not/yet/there.json"), log_).save(oneWidget_);
+    EXPECT_EQ(ArrangementFile(path("not/yet/there.json"), log_).load(), oneWidget_);
 }
 
 TEST_F(ArrangementFileTest, DamagedFileIsSetAsideByteForByte) {
     write("arrangement.json", "{\"version\": 1, \xff");
-    ArrangementFile file(path());
+    ArrangementFile file(path(), log_);
     EXPECT_FALSE(file.load());
     EXPECT_EQ(files(), QStringList{"arrangement.json.damaged"});
     EXPECT_EQ(read("arrangement.json.damaged"), "{\"version\": 1, \xff");
+    ASSERT_EQ(log_.lines.size(), 1U);
+    EXPECT_NE(log_.lines[0].find("it is kept as " + path("arrangement.json.damaged").toStdString()),
+              std::string::npos);
 }
 
 TEST_F(ArrangementFileTest, EarlierDamagedFileIsNotOverwritten) {
     write("arrangement.json.damaged", "first");
     write("arrangement.json", "second");
-    EXPECT_FALSE(ArrangementFile(path()).load());
+    EXPECT_FALSE(ArrangementFile(path(), log_).load());
     EXPECT_EQ(read("arrangement.json.damaged"), "first");
     EXPECT_EQ(read("arrangement.json.damaged.2"), "second");
 }
 
 TEST_F(ArrangementFileTest, SavingGoesOnAfterADamagedFileWasSetAside) {
     write("arrangement.json", "?");
-    ArrangementFile file(path());
+    ArrangementFile file(path(), log_);
     EXPECT_FALSE(file.load());
     file.save(oneWidget_);
-    EXPECT_EQ(ArrangementFile(path()).load(), oneWidget_);
+    EXPECT_EQ(ArrangementFile(path(), log_).load(), oneWidget_);
     EXPECT_EQ(read("arrangement.json.damaged"), "?");
 }
 
@@ -85,7 +92,7 @@ TEST_F(ArrangementFileTest, DamagedFileThatCannotBeSetAsideIsNeverReplaced) {
     // The longest name that a file may have leaves no room for a suffix.
     const QString longName(255, 'a');
     write(longName, "?");
-    ArrangementFile file(path(longName));
+    ArrangementFile file(path(longName), log_);
     EXPECT_FALSE(file.load());
     file.save(oneWidget_);
     EXPECT_EQ(read(longName), "?");
@@ -93,11 +100,11 @@ TEST_F(ArrangementFileTest, DamagedFileThatCannotBeSetAsideIsNeverReplaced) {
 
 TEST_F(ArrangementFileTest, FolderInThePlaceOfTheFileIsSetAsideToo) {
     ASSERT_TRUE(QDir().mkpath(path("arrangement.json/inner")));
-    ArrangementFile file(path());
+    ArrangementFile file(path(), log_);
     EXPECT_FALSE(file.load());
     EXPECT_TRUE(QFileInfo(path("arrangement.json.damaged/inner")).isDir());
     file.save(oneWidget_);
-    EXPECT_EQ(ArrangementFile(path()).load(), oneWidget_);
+    EXPECT_EQ(ArrangementFile(path(), log_).load(), oneWidget_);
 }
 
 }  // namespace

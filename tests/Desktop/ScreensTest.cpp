@@ -16,7 +16,7 @@ ScreenArea withPanelBelow(const ScreenIdentity& screen) {
 const std::vector both{withPanelBelow(laptop), withPanelBelow(monitor)};
 const std::vector onlyLaptop{withPanelBelow(laptop)};
 
-const PlacedWidget onMonitor{
+const WidgetPlace onMonitor{
     .kind = "DueToday", .family = kit::Family::medium, .screen = monitor, .position = {1500, 800}};
 
 TEST(Screens, WidgetStandsOnItsOwnScreen) {
@@ -45,7 +45,7 @@ TEST(Screens, GeometryTellsScreensOfOneNameApart) {
 }
 
 TEST(Screens, MovedWidgetBelongsToTheScreenThatHoldsMostOfIt) {
-    const PlacedWidget moved = movedTo({1000, 100}, onMonitor, both);
+    const WidgetPlace moved = movedTo({1000, 100}, onMonitor, both);
     EXPECT_EQ(moved.screen, laptop);
     EXPECT_EQ(movedTo({1200, 100}, onMonitor, both).screen, monitor);
 }
@@ -59,7 +59,7 @@ TEST(Screens, WidgetDroppedHalfBehindAPanelIsMovedOutOfIt) {
 }
 
 TEST(Screens, WidgetDroppedBesideEveryScreenComesBackToOne) {
-    const PlacedWidget moved = movedTo({-5000, -5000}, onMonitor, both);
+    const WidgetPlace moved = movedTo({-5000, -5000}, onMonitor, both);
     EXPECT_EQ(shownGeometry(moved, both).topLeft(), QPoint(0, 0));
 }
 

@@ -1,0 +1,172 @@
+#include "Desktop/Application.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <cstdlib>
+#include <string_view>
+
+#include "Desktop/Desktop.h"
+#include "Desktop/DesktopPicture.h"
+#include "Desktop/FirstArrangement.h"
+#include "Desktop/Options.h"
+#include "Desktop/Termination.h"
+#include "Desktop/WidgetAccessibility.h"
+#include "Host/GioUrlOpener.h"
+#include "System/HomeFolder.h"
+#include "System/LocaleTexts.h"
+
+namespace kelmar::desktop {
+
+namespace {
+
+constexpr int failureStatus = 1;
+/// How long a picture waits for the extension, in milliseconds.
+constexpr int pictureDeadline = 10'000;
+
+/// What Qt reads before there is an application object.
+void prepareQt(const Options& options) {
+    // The desktop's platform theme (on GNOME that of GTK) costs more memory and time at the start
+    // than all the widgets; what we want of it the settings portal tells us. Only this switch keeps
+    // Qt from loading it.
+    QApplication::setDesktopSettingsAware(false);
+    // Qt looks for a screen reader once, at the start, and a screen reader that comes later would
+    // find no widgets.
+    qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
+    if (options.pictureFile && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setApplicationName("kelmar-widgets");
+    QApplication::setDesktopFileName("kelmar-widgets");
+}
+
+std::string keyFileOf(const Options& options) {
+    return options.keyFile.empty()
+               ? (QApplication::applicationDirPath() + "/kelmar-planner.extension").toStdString()
+               : options.keyFile;
+}
+
+/// Everything that both the desktop and its picture stand on.
+struct Ground {
+    explicit Ground(const host::ExtensionFile& extensionFile)
+        : host(extensionFile, urlOpener, clock) {}
+
+    system::SystemClock clock;
+    host::GioUrlOpener urlOpener;
+    host::WidgetHost host;
+    layout::Direction direction = system::LocaleTexts("", "").isRightToLeft()
+                                      ? layout::Direction::rightToLeft
+                                      : layout::Direction::leftToRight;
+};
+
+int showDesktop(Ground& ground, const Options& options, host::Log& log) {
+    const system::GettextLocalization texts("", system::catalogueFolder());
+    ArrangementFile arrangementFile(ArrangementFile::standardPath(), log);
+    const PortalSettings settings(log);
+    const Compositor compositor;
+    if (!compositor.isRunning()) {
+        log.write(host::LogLevel::notice,
+                  "There is no compositor: the widgets' corners are cut out instead of blended.");
+    }
+    installWidgetAccessibility();
+    Look look(settings, options.scheme);
+    Desktop desktop({.host = ground.host,
+                     .arrangementFile = arrangementFile,
+                     .look = look,
+                     .compositor = compositor,
+                     .clock = ground.clock,
+                     .texts = texts,
+                     .log = log,
+                     .direction = ground.direction},
+                    options);
+    QObject::connect(&desktop, &Desktop::quitRequested, qApp, &QApplication::quit,
+                     Qt::QueuedConnection);
+    const Termination termination([] { QApplication::quit(); });
+    const int status = QApplication::exec();
+    desktop.save();
+    return status;
+}
+
+/// The widgets that a picture shows: those of the arrangement and of the options, else the first
+/// ones, which only the extension can name.
+std::vector<WidgetPlace> placesInPicture(const Options& options,
+                                         const std::optional<Arrangement>& arrangement,
+                                         const kit::Bundle& bundle) {
+    const std::vector<ScreenArea> screens = pictureScreens();
+    if (!arrangement && options.additions.empty()) {
+        return firstWidgets(bundle, screens);
+    }
+    std::vector<WidgetPlace> places =
+        arrangement ? arrangement->widgets : std::vector<WidgetPlace>();
+    for (const Addition& addition : options.additions) {
+        places.push_back(freshPlace(addition.kind, addition.family, places, screens));
+    }
+    return places;
+}
+
+paint::PaintStyle pictureStyle(const Options& options,
+                               const std::optional<Arrangement>& arrangement) {
+    const kit::RenderingMode keptMode =
+        arrangement ? arrangement->renderingMode : kit::RenderingMode::fullColor;
+    return {.appearance = {.scheme = options.scheme == SchemeChoice::dark ? paint::Scheme::dark
+                                                                          : paint::Scheme::light,
+                           .renderingMode = options.renderingMode.value_or(keptMode),
+                           .accent = {}},
+            .scale = qApp->devicePixelRatio(),
+            .redaction = paint::Redaction::shown};
+}
+
+int drawDesktop(Ground& ground, const Options& options, host::Log& log) {
+    const std::optional<Arrangement> arrangement =
+        ArrangementFile(ArrangementFile::standardPath(), log).load();
+    const paint::PaintResources resources(paint::FontSet::ofDesktop());
+    std::unique_ptr<DesktopPicture> picture;
+    int status = failureStatus;
+    const auto finish = [&](const QImage& image) {
+        const QString file = QString::fromStdString(*options.pictureFile);
+        if (image.save(file, "PNG")) {
+            status = 0;
+        } else {
+            log.write(host::LogLevel::error,
+                      "The picture could not be written to " + *options.pictureFile + ".");
+        }
+        QApplication::quit();
+    };
+    const auto begin = [&] {
+        picture = std::make_unique<DesktopPicture>(
+            DesktopPicture::Parts{ground.host, ground.clock, resources, ground.direction},
+            placesInPicture(options, arrangement, *ground.host.bundle()),
+            pictureStyle(options, arrangement));
+        QObject::connect(picture.get(), &DesktopPicture::finished, qApp, finish);
+    };
+    QObject::connect(&ground.host, &host::WidgetHost::bundleChanged, qApp, begin);
+    QTimer::singleShot(pictureDeadline, qApp, [&] {
+        log.write(host::LogLevel::error, "The extension has given nothing to draw in time.");
+        QApplication::quit();
+    });
+    QApplication::exec();
+    return status;
+}
+
+}  // namespace
+
+int runDesktop(int argc, char** argv) {
+    const auto read = readOptions(argc, argv);
+    if (const auto* exit = std::get_if<ExitStatus>(&read)) {
+        return exit->status;
+    }
+    const auto& options = std::get<Options>(read);
+    prepareQt(options);
+    QApplication application(argc, argv);
+    host::StreamLog log = host::StreamLog::onStandardError();
+    const auto extensionFile = host::readExtensionFile(keyFileOf(options), system::homeFolder());
+    if (!extensionFile) {
+        log.write(host::LogLevel::error, extensionFile.failure().reason);
+        return failureStatus;
+    }
+    Ground ground(*extensionFile);
+    return options.pictureFile ? drawDesktop(ground, options, log)
+                               : showDesktop(ground, options, log);
+}
+
+}  // namespace kelmar::desktop

@@ -1,0 +1,248 @@
+#include "Desktop/Desktop.h"
+
+#include <QGuiApplication>
+#include <QMenu>
+#include <QScreen>
+#include <algorithm>
+#include <iterator>
+
+#include "Desktop/FirstArrangement.h"
+#include "Desktop/Screens.h"
+#include "Desktop/WidgetMenu.h"
+#include "Kit/Metrics.h"
+
+namespace kelmar::desktop {
+
+namespace {
+
+const kit::WidgetDescriptor* findWidget(const kit::Bundle& bundle, const std::string& kind) {
+    const auto widget = std::find_if(bundle.widgets.begin(), bundle.widgets.end(),
+                                     [&](const auto& offered) { return offered.kind == kind; });
+    return widget != bundle.widgets.end() ? &*widget : nullptr;
+}
+
+/// What a widget shows before the extension has ever answered: its empty card.
+const kit::DrawnEntry emptyCard{
+    .content = kit::Spacer{}, .background = kit::tertiaryFill, .widgetUrl = std::nullopt};
+
+}  // namespace
+
+Desktop::Desktop(const DesktopParts& parts, const Options& options) : parts_(parts) {
+    const std::optional<Arrangement> arrangement = parts_.arrangementFile.load();
+    isFirstStart_ = !arrangement && options.additions.empty();
+    const kit::RenderingMode keptMode =
+        arrangement ? arrangement->renderingMode : kit::RenderingMode::fullColor;
+    parts_.look.setRenderingMode(options.renderingMode.value_or(keptMode));
+    followSurroundings();
+    if (arrangement) {
+        std::for_each(arrangement->widgets.begin(), arrangement->widgets.end(),
+                      [this](const WidgetPlace& place) { add(place); });
+    }
+    for (const Addition& addition : options.additions) {
+        addFresh(addition.kind, addition.family);
+    }
+    if (parts_.host.bundle()) {
+        takeBundle();
+    }
+}
+
+Desktop::~Desktop() = default;
+
+void Desktop::save() const {
+    Arrangement arrangement{.renderingMode = parts_.look.renderingMode(), .widgets = places()};
+    arrangement.widgets.insert(arrangement.widgets.end(), notOffered_.begin(), notOffered_.end());
+    parts_.arrangementFile.save(arrangement);
+}
+
+void Desktop::followSurroundings() {
+    connect(&parts_.host, &host::WidgetHost::bundleChanged, this, &Desktop::takeBundle);
+    connect(&parts_.host, &host::WidgetHost::entryChanged, this, &Desktop::showContent);
+    connect(&parts_.look, &Look::changed, this, &Desktop::takeLook);
+    connect(&parts_.compositor, &Compositor::changed, this, &Desktop::takeLook);
+    const auto follow = [this](QScreen* screen) {
+        connect(screen, &QScreen::geometryChanged, this, &Desktop::putWindowsInPlace);
+        connect(screen, &QScreen::availableGeometryChanged, this, &Desktop::putWindowsInPlace);
+        putWindowsInPlace();
+    };
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, follow);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &Desktop::putWindowsInPlace);
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    std::for_each(screens.begin(), screens.end(), follow);
+}
+
+void Desktop::takeBundle() {
+    const kit::Bundle& bundle = *parts_.host.bundle();
+    if (isFirstStart_) {
+        isFirstStart_ = false;
+        const std::vector<WidgetPlace> first = firstWidgets(bundle, currentScreens());
+        std::for_each(first.begin(), first.end(), [this](const WidgetPlace& place) { add(place); });
+        save();
+    }
+    std::vector<host::WidgetId> unknown;
+    for (auto& [id, shown] : shown_) {
+        shown.window->setName(nameOf(shown.place.kind));
+        if (findWidget(bundle, shown.place.kind) == nullptr) {
+            unknown.push_back(id);
+        }
+    }
+    std::for_each(unknown.begin(), unknown.end(), [this](host::WidgetId id) { putAside(id); });
+    const auto returned = std::partition(
+        notOffered_.begin(), notOffered_.end(),
+        [&](const WidgetPlace& place) { return findWidget(bundle, place.kind) == nullptr; });
+    const std::vector<WidgetPlace> back(returned, notOffered_.end());
+    notOffered_.erase(returned, notOffered_.end());
+    std::for_each(back.begin(), back.end(), [this](const WidgetPlace& place) { add(place); });
+}
+
+void Desktop::putAside(host::WidgetId id) {
+    const WidgetPlace& place = shown_.at(id).place;
+    parts_.log.write(host::LogLevel::warning, "The extension offers no widget \"" + place.kind +
+                                                  "\"; its place is kept until it does.");
+    notOffered_.push_back(place);
+    parts_.host.remove(id);
+    shown_.erase(id);
+}
+
+void Desktop::add(const WidgetPlace& place) {
+    const host::WidgetId id = parts_.host.add(place.kind, environment(place.family));
+    Shown& shown = shown_[id];
+    shown.place = place;
+    shown.window = std::make_unique<WidgetWindow>(place.family, parts_.clock);
+    WidgetWindow& window = *shown.window;
+    connectWindow(id, window);
+    window.setName(nameOf(place.kind));
+    dress(window);
+    showContent(id);
+    window.move(shownGeometry(place, currentScreens()).topLeft());
+    window.show();
+}
+
+void Desktop::addFresh(const std::string& kind, kit::Family family) {
+    add(freshPlace(kind, family, places(), currentScreens()));
+    save();
+}
+
+void Desktop::remove(host::WidgetId id) {
+    parts_.host.remove(id);
+    // The window's own menu asked for this and is still at work.
+    WidgetWindow* window = shown_.at(id).window.release();
+    window->disconnect(this);
+    window->hide();
+    window->deleteLater();
+    shown_.erase(id);
+    save();
+}
+
+void Desktop::resize(host::WidgetId id, kit::Family family) {
+    Shown& shown = shown_.at(id);
+    shown.place.family = family;
+    shown.window->setFamily(family);
+    parts_.host.setEnvironment(id, environment(family));
+    showContent(id);
+    putWindowsInPlace();
+    save();
+}
+
+void Desktop::connectWindow(host::WidgetId id, WidgetWindow& window) {
+    connect(&window, &WidgetWindow::actionRequested, this, &Desktop::run);
+    connect(&window, &WidgetWindow::menuRequested, this,
+            [this, id](QPoint position) { popUpMenu(id, position); });
+    connect(&window, &WidgetWindow::movedByHand, this, [this, id](QPoint position) {
+        Shown& shown = shown_.at(id);
+        shown.place = movedTo(position, shown.place, currentScreens());
+        putWindowsInPlace();
+        save();
+    });
+}
+
+void Desktop::showContent(host::WidgetId id) {
+    const auto shown = shown_.find(id);
+    if (shown == shown_.end()) {
+        return;  // Still being added.
+    }
+    const kit::Entry* entry = parts_.host.shownEntry(id);
+    shown->second.window->setContent(
+        entry != nullptr ? entry->view : emptyCard,
+        parts_.host.showsPlaceholder(id) ? paint::Redaction::redacted : paint::Redaction::shown,
+        parts_.direction, parts_.look.resources());
+}
+
+void Desktop::dress(WidgetWindow& window) const {
+    window.setCorners(parts_.compositor.isRunning() ? Corners::transparent : Corners::cutOut);
+    window.setAppearance(parts_.look.appearance());
+}
+
+void Desktop::takeLook() {
+    for (const auto& [id, shown] : shown_) {
+        dress(*shown.window);
+        parts_.host.setEnvironment(id, environment(shown.place.family));
+        showContent(id);
+    }
+}
+
+void Desktop::putWindowsInPlace() {
+    if (QGuiApplication::primaryScreen() == nullptr) {
+        return;  // Between the last screen's going and the next one's coming.
+    }
+    const std::vector<ScreenArea> screens = currentScreens();
+    for (const auto& [id, shown] : shown_) {
+        const QPoint place = shownGeometry(shown.place, screens).topLeft();
+        if (shown.window->pos() != place) {
+            shown.window->move(place);
+        }
+    }
+}
+
+void Desktop::popUpMenu(host::WidgetId id, QPoint position) {
+    const Shown& shown = shown_.at(id);
+    auto* menu = new QMenu(shown.window.get());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    fillWidgetMenu(
+        *menu,
+        {.bundle = parts_.host.bundle().value_or(kit::Bundle{}),
+         .kind = shown.place.kind,
+         .family = shown.place.family,
+         .renderingMode = parts_.look.renderingMode()},
+        {.resize = [this, id](kit::Family family) { resize(id, family); },
+         .remove = [this, id] { remove(id); },
+         .add = [this](const std::string& kind, kit::Family family) { addFresh(kind, family); },
+         .setRenderingMode =
+             [this](kit::RenderingMode mode) {
+                 parts_.look.setRenderingMode(mode);
+                 save();
+             },
+         .quit = [this] { emit quitRequested(); }},
+        parts_.texts);
+    menu->popup(position);
+}
+
+void Desktop::run(const layout::Action& action) {
+    std::visit(
+        kit::Match{
+            [](std::monostate) {},
+            [this](const layout::LinkAction& link) { parts_.host.openLink(link.url); },
+            [this](const layout::ButtonAction& button) { parts_.host.perform(button.intent); },
+            [this](const layout::ToggleAction& toggle) { parts_.host.perform(toggle.intent); }},
+        action);
+}
+
+std::vector<WidgetPlace> Desktop::places() const {
+    std::vector<WidgetPlace> places;
+    std::transform(shown_.begin(), shown_.end(), std::back_inserter(places),
+                   [](const auto& entry) { return entry.second.place; });
+    return places;
+}
+
+kit::Environment Desktop::environment(kit::Family family) const {
+    return {.family = family,
+            .contentSize = kit::contentSize(family),
+            .renderingMode = parts_.look.renderingMode()};
+}
+
+QString Desktop::nameOf(const std::string& kind) const {
+    const auto& bundle = parts_.host.bundle();
+    const kit::WidgetDescriptor* widget = bundle ? findWidget(*bundle, kind) : nullptr;
+    return QString::fromStdString(widget != nullptr ? widget->displayName : kind);
+}
+
+}  // namespace kelmar::desktop

@@ -1,0 +1,213 @@
+#include "Desktop/WidgetWindow.h"
+
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QScreen>
+#include <QStyleHints>
+#include <QWindow>
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+#include "Desktop/LiveChange.h"
+#include "Desktop/Placement.h"
+#include "Desktop/Screens.h"
+#include "Desktop/WidgetAccessibility.h"
+#include "Desktop/X11Hints.h"
+#include "Kit/Metrics.h"
+#include "Paint/Palette.h"
+
+namespace kelmar::desktop {
+
+namespace {
+
+layout::Point toPoint(QPointF point) {
+    return {point.x(), point.y()};
+}
+
+/// Dragged windows line up with the screen under the pointer.
+QPoint gridOrigin(QPoint pointer) {
+    const QScreen* screen = QGuiApplication::screenAt(pointer);
+    return screen != nullptr ? screen->geometry().topLeft() : QPoint();
+}
+
+}  // namespace
+
+WidgetWindow::WidgetWindow(kit::Family family, const system::Clock& clock)
+    : clock_(clock), family_(family) {
+    // A plain window without a frame: several window managers hide utility windows while another
+    // program is active, and keep desktop windows under the icons of the file manager.
+    setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnBottomHint |
+                   Qt::WindowDoesNotAcceptFocus);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    // The choice of a visual with transparency cannot be made later, when a compositor starts.
+    setAttribute(Qt::WA_TranslucentBackground);
+    setMouseTracking(true);
+    setFixedSize(windowSize(family));
+    liveTimer_.setSingleShot(true);
+    liveTimer_.setTimerType(Qt::PreciseTimer);
+    connect(&liveTimer_, &QTimer::timeout, this, &WidgetWindow::redraw);
+}
+
+void WidgetWindow::setName(const QString& name) {
+    setWindowTitle(name);
+    setAccessibleName(name);
+}
+
+void WidgetWindow::setFamily(kit::Family family) {
+    family_ = family;
+    setFixedSize(windowSize(family));
+    updateMask();
+    redraw();
+}
+
+void WidgetWindow::setAppearance(const paint::Appearance& appearance) {
+    style_.appearance = appearance;
+    redraw();
+}
+
+void WidgetWindow::setCorners(Corners corners) {
+    corners_ = corners;
+    updateMask();
+    redraw();
+}
+
+void WidgetWindow::setContent(const kit::DrawnEntry& entry, paint::Redaction redaction,
+                              layout::Direction direction, const paint::PaintResources& resources) {
+    retireBoxes(*this);
+    picture_.emplace(entry, family_, direction, resources);
+    widgetUrl_ = entry.widgetUrl;
+    style_.redaction = redaction;
+    announceBoxes(*this);
+    redraw();
+}
+
+const layout::PlacedBoxes& WidgetWindow::boxes() const {
+    static const layout::PlacedBoxes none;
+    return picture_ && style_.redaction == paint::Redaction::shown ? picture_->boxes() : none;
+}
+
+void WidgetWindow::run(const layout::Action& action) {
+    emit actionRequested(action);
+}
+
+void WidgetWindow::paintEvent(QPaintEvent* /*event*/) {
+    if (!picture_) {
+        return;
+    }
+    if (image_.isNull() || style_.scale != devicePixelRatioF()) {
+        style_.scale = devicePixelRatioF();
+        image_ = picture_->image(style_, clock_.now());
+        scheduleLiveChange();
+    }
+    QPainter painter(this);
+    if (corners_ == Corners::cutOut) {
+        // Nobody mixes a translucent card with what is behind it, so it gets a ground of its own.
+        QColor ground = paint::Palette(style_.appearance).background(kit::tertiaryFill);
+        ground.setAlphaF(1);
+        painter.fillRect(rect(), ground);
+    }
+    painter.drawImage(QPointF(), image_);
+}
+
+void WidgetWindow::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (event->spontaneous()) {
+        return;
+    }
+    applyDesktopHints(*windowHandle());
+    if (!visibility_) {
+        visibility_ = std::make_unique<WindowVisibility>(*windowHandle());
+        connect(visibility_.get(), &WindowVisibility::changed, this,
+                &WidgetWindow::scheduleLiveChange);
+    }
+}
+
+void WidgetWindow::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        const QPointF pointer = event->globalPosition();
+        gesture_.begin(toPoint(pointer), targetAtPointer(event->position()));
+        grip_ = pointer.toPoint() - pos();
+    }
+}
+
+void WidgetWindow::mouseMoveEvent(QMouseEvent* event) {
+    const QPointF pointer = event->globalPosition();
+    const double threshold = QGuiApplication::styleHints()->startDragDistance();
+    switch (gesture_.moveTo(toPoint(pointer), threshold)) {
+        case PressGesture::Kind::none:
+        case PressGesture::Kind::press:
+            setCursor(targetAtPointer(event->position()) ? Qt::PointingHandCursor
+                                                         : Qt::ArrowCursor);
+            break;
+        case PressGesture::Kind::drag:
+            setCursor(Qt::ClosedHandCursor);
+            drag(pointer.toPoint());
+            break;
+    }
+}
+
+void WidgetWindow::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    const std::optional<PressTarget> target = targetAtPointer(event->position());
+    setCursor(target ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    if (gesture_.kind() == PressGesture::Kind::drag) {
+        gesture_.cancel();
+        emit movedByHand(pos());
+    } else if (const std::optional<layout::Action> action = gesture_.end(target)) {
+        run(*action);
+    }
+}
+
+void WidgetWindow::contextMenuEvent(QContextMenuEvent* event) {
+    gesture_.cancel();
+    emit menuRequested(event->globalPos());
+}
+
+std::optional<PressTarget> WidgetWindow::targetAtPointer(QPointF position) const {
+    if (style_.redaction == paint::Redaction::redacted) {
+        return std::nullopt;
+    }
+    return targetAt(boxes(), widgetUrl_, kit::widgetSize(family_), toPoint(position));
+}
+
+void WidgetWindow::drag(QPoint pointer) {
+    move(snapped(pointer - grip_, gridOrigin(pointer)));
+}
+
+void WidgetWindow::redraw() {
+    image_ = QImage();
+    update();
+}
+
+void WidgetWindow::updateMask() {
+    if (corners_ == Corners::transparent) {
+        clearMask();
+        return;
+    }
+    QPainterPath card;
+    card.addRoundedRect(rect(), paint::cardCornerRadius, paint::cardCornerRadius);
+    setMask(QRegion(card.toFillPolygon().toPolygon()));
+}
+
+void WidgetWindow::scheduleLiveChange() {
+    liveTimer_.stop();
+    if (!visibility_ || !visibility_->canBeSeen()) {
+        return;
+    }
+    const system::Date now = clock_.now();
+    const auto change = nextLiveChange(boxes(), now, devicePixelRatioF());
+    if (!change) {
+        return;
+    }
+    // A long wait is divided: the clock may be set, and the timer counts in 32 bits.
+    const double wait = std::min(*change - now, 3600.0);
+    liveTimer_.start(std::chrono::milliseconds(static_cast<int>(std::ceil(wait * 1000))));
+}
+
+}  // namespace kelmar::desktop

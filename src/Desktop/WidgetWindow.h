@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QImage>
+#include <QTimer>
+#include <QWidget>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "Desktop/Press.h"
+#include "Desktop/WindowVisibility.h"
+#include "Kit/Timeline.h"
+#include "Layout/Layout.h"
+#include "Paint/Appearance.h"
+#include "Paint/WidgetPicture.h"
+#include "System/Clock.h"
+
+namespace kelmar::desktop {
+
+/// Whether the corners are left out of the window, or transparent in it.
+enum class Corners { transparent, cutOut };
+
+/// One widget on the desktop: draws what it is given and tells what the user does to it.
+class WidgetWindow final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `clock` must outlive the window.
+    WidgetWindow(kit::Family family, const system::Clock& clock);
+
+    /// Also what a screen reader calls the widget.
+    void setName(const QString& name);
+    void setFamily(kit::Family family);
+    void setAppearance(const paint::Appearance& appearance);
+    void setCorners(Corners corners);
+    /// What is to be seen from now on; `resources` must outlive it. A redacted widget cannot be
+    /// pressed: what it shows is not the user's.
+    void setContent(const kit::DrawnEntry& entry, paint::Redaction redaction,
+                    layout::Direction direction, const paint::PaintResources& resources);
+
+    /// What is shown, from the window's top left corner; empty while it is redacted.
+    [[nodiscard]] const layout::PlacedBoxes& boxes() const;
+    /// Runs an action as a press on it would.
+    void run(const layout::Action& action);
+
+signals:
+    void actionRequested(const kelmar::layout::Action& action);
+    void movedByHand(QPoint position);
+    void menuRequested(QPoint screenPosition);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    [[nodiscard]] std::optional<PressTarget> targetAtPointer(QPointF position) const;
+    void drag(QPoint pointer);
+    void redraw();
+    void updateMask();
+    void scheduleLiveChange();
+
+    const system::Clock& clock_;
+    kit::Family family_;
+    paint::PaintStyle style_;
+    Corners corners_ = Corners::transparent;
+    std::optional<paint::WidgetPicture> picture_;
+    std::optional<std::string> widgetUrl_;
+    QImage image_;  ///< The picture in pixels; null when it has to be drawn anew.
+    PressGesture gesture_;
+    QPoint grip_;  ///< From the window's top left corner to where the pointer holds it.
+    std::unique_ptr<WindowVisibility> visibility_;
+    QTimer liveTimer_;
+};
+
+}  // namespace kelmar::desktop

@@ -1,0 +1,62 @@
+#include "Desktop/WindowVisibility.h"
+
+#include <QEvent>
+#include <QWindow>
+
+#include "Desktop/X11.h"
+
+namespace kelmar::desktop {
+
+namespace {
+
+/// Qt has no use for visibility events, so it does not ask the server for them.
+void requestVisibilityEvents(xcb_connection_t* x, xcb_window_t window) {
+    const x11::ReplyPointer<xcb_get_window_attributes_reply_t> attributes(
+        xcb_get_window_attributes_reply(x, xcb_get_window_attributes(x, window), nullptr));
+    if (attributes) {
+        const std::uint32_t events = attributes->your_event_mask | XCB_EVENT_MASK_VISIBILITY_CHANGE;
+        xcb_change_window_attributes(x, window, XCB_CW_EVENT_MASK, &events);
+    }
+}
+
+}  // namespace
+
+WindowVisibility::WindowVisibility(QWindow& window) : window_(window) {
+    window.installEventFilter(this);
+    if (xcb_connection_t* x = x11::connection()) {
+        requestVisibilityEvents(x, static_cast<xcb_window_t>(window.winId()));
+        qGuiApp->installNativeEventFilter(this);
+    }
+}
+
+WindowVisibility::~WindowVisibility() {
+    qGuiApp->removeNativeEventFilter(this);
+}
+
+bool WindowVisibility::canBeSeen() const {
+    return window_.isExposed() && !isCovered_;
+}
+
+bool WindowVisibility::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == &window_ && event->type() == QEvent::Expose) {
+        emit changed();
+    }
+    return false;
+}
+
+bool WindowVisibility::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
+                                         qintptr* /*result*/) {
+    const auto& event = *static_cast<const xcb_generic_event_t*>(message);
+    if (x11::typeOf(event) != XCB_VISIBILITY_NOTIFY) {
+        return false;
+    }
+    const auto& notify = *static_cast<const xcb_visibility_notify_event_t*>(message);
+    const bool isCovered = notify.state == XCB_VISIBILITY_FULLY_OBSCURED;
+    if (notify.window == window_.winId() && isCovered != isCovered_) {
+        isCovered_ = isCovered;
+        emit changed();
+    }
+    return false;
+}
+
+}  // namespace kelmar::desktop

@@ -1,0 +1,5 @@
+#include "Desktop/Application.h"
+
+int main(int argc, char** argv) {
+    return kelmar::desktop::runDesktop(argc, argv);
+}
