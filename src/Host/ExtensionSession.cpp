@@ -62,6 +62,7 @@ void ExtensionSession::end(Ending ending) {
                          fmt::format("{}: {} URLs that it asked for are not opened", parts_.name,
                                      urls_.waiting()));
     }
+    urls_.clear();
 }
 
 std::vector<ExtensionRequest> ExtensionSession::takeUnanswered() {
@@ -192,9 +193,6 @@ void ExtensionSession::refuse(const Id& id, const std::string& reason, const std
 }
 
 void ExtensionSession::endOpening(const Id& id, const std::string& error) {
-    if (isOver_) {
-        return;
-    }
     answer(id, error);
     if (urls_.isEmpty()) {
         deadlines_.resume();

@@ -23,8 +23,6 @@ void UrlGate::open(const std::string& url, OpenOptions options,
                      });
         return;
     }
-    log_.write(LogLevel::warning,
-               fmt::format("not opened: {}, which is no URL of {}:", url, scheme_));
     completed(fmt::format("only a URL of {}: may be opened", scheme_));
 }
 
@@ -37,6 +35,11 @@ bool UrlQueue::add(Item item) {
         openFirst();
     }
     return true;
+}
+
+void UrlQueue::clear() {
+    items_.clear();
+    isAlive_ = std::make_shared<bool>(true);
 }
 
 void UrlQueue::openFirst() {

@@ -7,7 +7,6 @@
 #include <string>
 #include <utility>
 
-#include "Host/Log.h"
 #include "Host/UrlOpener.h"
 
 namespace kelmar::host {
@@ -16,8 +15,7 @@ namespace kelmar::host {
 /// it says may be wrong or worse, and other schemes reach other programs.
 class UrlGate {
 public:
-    UrlGate(UrlOpener& opener, std::string scheme, Log& log)
-        : opener_(opener), scheme_(std::move(scheme)), log_(log) {}
+    UrlGate(UrlOpener& opener, std::string scheme) : opener_(opener), scheme_(std::move(scheme)) {}
 
     [[nodiscard]] bool allows(const std::string& url) const;
     /// As UrlOpener::open, but what completes after the gate has gone is not told any more; a
@@ -28,13 +26,11 @@ public:
 private:
     UrlOpener& opener_;
     std::string scheme_;
-    Log& log_;
     std::shared_ptr<bool> isAlive_ = std::make_shared<bool>(true);
 };
 
 /// Opens the URLs of one extension process one after the other, because they are commands whose
-/// order matters to who receives them. Those that have not begun when the queue goes are dropped;
-/// what has begun then completes unheard.
+/// order matters to who receives them.
 class UrlQueue {
 public:
     UrlQueue(UrlGate& gate, std::size_t longest) : gate_(gate), longest_(longest) {}
@@ -46,6 +42,9 @@ public:
     };
     /// Whether there was room for it.
     [[nodiscard]] bool add(Item item);
+    /// Drops those that have not begun, as does the queue when it goes; what has begun completes
+    /// unheard.
+    void clear();
     /// Whether nothing is being opened or waits for it.
     [[nodiscard]] bool isEmpty() const { return items_.empty(); }
     [[nodiscard]] std::size_t waiting() const { return items_.empty() ? 0 : items_.size() - 1; }

@@ -76,7 +76,7 @@ WidgetHost::State::State(WidgetHost& host, ExtensionFile extensionFile, const Ho
     : host_(host),
       extensionFile_(std::move(extensionFile)),
       parts_(parts),
-      urlGate_(parts_.urlOpener, extensionFile_.urlScheme, parts_.log),
+      urlGate_(parts_.urlOpener, extensionFile_.urlScheme),
       client_({parts_.launcher, urlGate_, parts_.timers, parts_.log, parts_.limits,
                nameOf(extensionFile_)},
               [this](kit::Bundle newBundle) { takeBundle(std::move(newBundle)); }) {
