@@ -35,7 +35,7 @@ struct Homework {
 };
 
 constexpr DueTime lastMinute{23, 59};
-constexpr DueTime evening{20, 0};
+constexpr DueTime evening{21, 0};
 
 /// One round of two weeks; each class at most once a day.
 const std::vector<std::vector<Homework>>& round() {

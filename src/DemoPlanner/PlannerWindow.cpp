@@ -1,109 +1,103 @@
 #include "DemoPlanner/PlannerWindow.h"
 
-#include <QDateTime>
+#include <QCheckBox>
 #include <QFrame>
-#include <QLocale>
-#include <cmath>
+#include <QHBoxLayout>
 #include <utility>
 
 #include "DemoPlanner/Opening.h"
+#include "DemoPlanner/PlannerTexts.h"
 
 namespace kelmar::demo {
 
 namespace {
 
 constexpr int windowWidth = 400;
-constexpr const char* accent = "#4F46E5";
+constexpr int titleSize = 13;
+constexpr int detailSize = 11;
+constexpr QColor accent(0x4F, 0x46, 0xE5);
 
 QString toText(const std::string& text) {
     return QString::fromStdString(text);
 }
 
-QLabel* makeLabel(const QString& text, const QString& style) {
+QLabel* makeLabel(const QString& text, int pixelSize, QFont::Weight weight = QFont::Normal) {
     auto* label = new QLabel(text);
+    QFont font = label->font();
+    font.setPixelSize(pixelSize);
+    font.setWeight(weight);
+    label->setFont(font);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    label->setStyleSheet("QLabel {" + style + "}");
+    return label;
+}
+
+QLabel* makeDetail(const QString& text) {
+    QLabel* label = makeLabel(text, detailSize);
+    label->setForegroundRole(QPalette::PlaceholderText);
     return label;
 }
 
 QLabel* makeHeading(const QString& text) {
-    return makeLabel(text, "font-weight: 600; font-size: 11px; color: palette(placeholder-text);");
+    QLabel* label = makeLabel(text, detailSize, QFont::DemiBold);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    label->setContentsMargins(0, 8, 0, 0);
+    return label;
 }
 
-QDateTime toDateTime(system::Date date) {
-    return QDateTime::fromMSecsSinceEpoch(
-        static_cast<qint64>(std::floor(date.secondsSince1970() * 1000)));
+void tint(QLabel& label) {
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, accent);
+    label.setPalette(palette);
 }
 
-QString timeText(system::Date date) {
-    return QLocale().toString(toDateTime(date).time(), QLocale::ShortFormat);
+/// A title with a quieter line below it.
+QVBoxLayout* makeLines(QLabel* title, QLabel* status) {
+    auto* lines = new QVBoxLayout;
+    lines->setSpacing(1);
+    lines->addWidget(title);
+    lines->addWidget(status);
+    return lines;
 }
 
-QString dueText(const Assignment& assignment, system::Date now) {
-    if (assignment.item.due < now) {
-        return "overdue";
-    }
-    return assignment.item.hasTime ? "due " + timeText(assignment.item.due) : QString("due today");
-}
-
-QString minutesText(system::Seconds seconds) {
-    return QString("%1 min").arg(std::lround(std::ceil(seconds / 60)));
-}
-
-QString timerText(const shared::WidgetData::Timer& timer) {
-    const QString what = toText(timer.sessionTitle.empty() ? timer.className : timer.sessionTitle);
-    if (timer.ringing) {
-        return timer.isBreak ? "The break is over" : "Time’s up: " + what;
-    }
-    if (timer.endAt) {
-        return what + ", until " + timeText(*timer.endAt);
-    }
-    return what + (timer.state == "paused" ? ", paused with " : ", ready for ") +
-           minutesText(timer.secsLeft) + (timer.state == "paused" ? " left" : "");
-}
-
-QString streakText(const shared::WidgetData::Streak& streak) {
-    return QString("%1 days, best %2").arg(streak.count).arg(streak.best);
+QWidget* makeRow(QHBoxLayout*& row) {
+    auto* widget = new QWidget;
+    row = new QHBoxLayout(widget);
+    row->setContentsMargins(0, 0, 0, 0);
+    return widget;
 }
 
 }  // namespace
 
-PlannerWindow::PlannerWindow(PlannerService& service, std::function<void()> changed)
-    : service_(service), changed_(std::move(changed)) {
+PlannerWindow::PlannerWindow(PlannerService& service, const system::Calendar& calendar,
+                             std::function<void()> changed)
+    : service_(service), calendar_(calendar), changed_(std::move(changed)) {
     setWindowTitle("Kelmar Planner (stand-in)");
+    setMinimumWidth(windowWidth);
+    assignments_ = new QVBoxLayout;
+    assignments_->setSpacing(4);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(20, 18, 20, 18);
     column->setSpacing(8);
     column->addWidget(makeHeader());
     column->addWidget(makeOpeningCard());
-    column->addSpacing(6);
-    column->addWidget(makeHeading("DUE TODAY"));
-    assignments_ = new QVBoxLayout;
-    assignments_->setSpacing(4);
+    column->addWidget(makeHeading("Due today"));
     column->addLayout(assignments_);
-    column->addSpacing(6);
-    column->addWidget(makeHeading("STUDY TIMER"));
+    column->addWidget(makeHeading("Study timer"));
     column->addWidget(makeTimerRow());
-    column->addSpacing(6);
-    column->addWidget(makeHeading("STREAK"));
-    streak_ = makeLabel({}, "font-size: 13px;");
-    column->addWidget(streak_);
+    column->addWidget(makeHeading("Streak"));
+    column->addWidget(makeStreakRow());
     column->addStretch();
     column->addWidget(makeSwitches());
-    setMinimumWidth(windowWidth);
 }
 
 QWidget* PlannerWindow::makeHeader() {
-    auto* header = new QWidget;
-    auto* row = new QHBoxLayout(header);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(makeLabel("Kelmar Planner", "font-size: 20px; font-weight: 700;"));
-    row->addStretch();
-    row->addWidget(makeLabel("Stand-in", QString("font-size: 11px; font-weight: 600; color: %1;"
-                                                 "background: rgba(79, 70, 229, 36);"
-                                                 "border-radius: 8px; padding: 2px 8px;")
-                                             .arg(accent)));
+    QHBoxLayout* row = nullptr;
+    QWidget* header = makeRow(row);
+    row->addWidget(makeLabel("Kelmar Planner", 20, QFont::Bold), 1);
+    QLabel* note = makeLabel("Stand-in", detailSize, QFont::DemiBold);
+    tint(*note);
+    row->addWidget(note);
     return header;
 }
 
@@ -111,19 +105,18 @@ QWidget* PlannerWindow::makeOpeningCard() {
     auto* card = new QFrame;
     card->setObjectName("opening");
     card->setStyleSheet(
-        QString("QFrame#opening { background: palette(base);"
-                "border: 1px solid rgba(128, 128, 128, 60); border-radius: 10px; }"));
+        "QFrame#opening { background: palette(base);"
+        "border: 1px solid rgba(128, 128, 128, 60); border-radius: 10px; }");
+    openingPlace_ = makeLabel("Would open", detailSize, QFont::DemiBold);
+    tint(*openingPlace_);
+    openingTitle_ = makeLabel("Nothing asked for yet", 15, QFont::DemiBold);
+    openingDetail_ = makeLabel("Click something on a widget, and it is named here.", 12);
+    openingUrl_ = makeDetail({});
+    openingUrl_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    openingUrl_->hide();
     auto* column = new QVBoxLayout(card);
     column->setContentsMargins(14, 12, 14, 12);
     column->setSpacing(3);
-    openingPlace_ = makeLabel("WOULD OPEN",
-                              QString("font-size: 11px; font-weight: 600; color: %1;").arg(accent));
-    openingTitle_ = makeLabel("Nothing asked for yet", "font-size: 15px; font-weight: 600;");
-    openingDetail_ =
-        makeLabel("Click something on a widget, and it is named here.", "font-size: 12px;");
-    openingUrl_ = makeLabel({}, "font-size: 11px; color: palette(placeholder-text);");
-    openingUrl_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    openingUrl_->hide();
     for (QLabel* label : {openingPlace_, openingTitle_, openingDetail_, openingUrl_}) {
         column->addWidget(label);
     }
@@ -131,25 +124,31 @@ QWidget* PlannerWindow::makeOpeningCard() {
 }
 
 QWidget* PlannerWindow::makeTimerRow() {
-    auto* widget = new QWidget;
-    auto* row = new QHBoxLayout(widget);
-    row->setContentsMargins(0, 0, 0, 0);
-    timer_ = makeLabel({}, "font-size: 13px;");
+    timerTitle_ = makeLabel({}, titleSize);
+    timerStatus_ = makeDetail({});
     timerButton_ = new QPushButton;
     connect(timerButton_, &QPushButton::clicked, this, [this] {
-        const bool pauses = service_.planner().state().timer.phase == StudyTimer::Phase::running;
-        service_.perform(pauses ? Command(TurnTimerOff{}) : Command(TurnTimerOn{}));
+        const bool runs = service_.planner().state().timer.phase == StudyTimer::Phase::running;
+        service_.perform(runs ? Command(TurnTimerOff{}) : Command(TurnTimerOn{}));
         changed_();
     });
-    row->addWidget(timer_, 1);
+    QHBoxLayout* row = nullptr;
+    QWidget* widget = makeRow(row);
+    row->addLayout(makeLines(timerTitle_, timerStatus_), 1);
     row->addWidget(timerButton_);
     return widget;
 }
 
+QWidget* PlannerWindow::makeStreakRow() {
+    streakTitle_ = makeLabel({}, titleSize);
+    streakStatus_ = makeDetail({});
+    QHBoxLayout* row = nullptr;
+    QWidget* widget = makeRow(row);
+    row->addLayout(makeLines(streakTitle_, streakStatus_), 1);
+    return widget;
+}
+
 QWidget* PlannerWindow::makeSwitches() {
-    auto* widget = new QWidget;
-    auto* row = new QHBoxLayout(widget);
-    row->setContentsMargins(0, 8, 0, 0);
     auto* signedIn = new QCheckBox("Signed in");
     signedIn->setChecked(service_.planner().state().signedIn);
     connect(signedIn, &QCheckBox::toggled, this, [this](bool on) { service_.setSignedIn(on); });
@@ -157,15 +156,40 @@ QWidget* PlannerWindow::makeSwitches() {
     connected->setChecked(service_.planner().state().schoolCalendarConnected);
     connect(connected, &QCheckBox::toggled, this,
             [this](bool on) { service_.setSchoolCalendarConnected(on); });
+    QHBoxLayout* row = nullptr;
+    QWidget* widget = makeRow(row);
+    row->setContentsMargins(0, 10, 0, 0);
     row->addWidget(signedIn);
     row->addWidget(connected);
     row->addStretch();
     return widget;
 }
 
+QWidget* PlannerWindow::makeAssignmentRow(const Assignment& assignment) {
+    auto* bar = new QFrame;
+    bar->setFixedSize(3, 18);
+    bar->setStyleSheet(
+        QString("background: %1; border-radius: 1px;").arg(toText(assignment.item.classColor)));
+    auto* box = new QCheckBox(toText(assignment.item.title).replace('&', "&&"));
+    box->setChecked(assignment.done);
+    connect(box, &QCheckBox::toggled, this, [this, id = assignment.item.id](bool done) {
+        service_.setDone(id, done);
+        changed_();
+    });
+    QLabel* due = makeDetail(toText(dueText(assignment, service_.now(), texts_)));
+    due->setWordWrap(false);
+    QHBoxLayout* row = nullptr;
+    QWidget* widget = makeRow(row);
+    row->setSpacing(8);
+    row->addWidget(bar);
+    row->addWidget(box, 1);
+    row->addWidget(due);
+    return widget;
+}
+
 void PlannerWindow::showOpening(const DeepLink& link, const std::string& url) {
     const Opening opening = openingOf(link, service_.planner());
-    openingPlace_->setText("WOULD OPEN · " + toText(opening.place).toUpper());
+    openingPlace_->setText("Would open · " + toText(opening.place));
     openingTitle_->setText(toText(opening.title));
     openingDetail_->setText(toText(opening.detail));
     openingDetail_->setVisible(!opening.detail.empty());
@@ -190,8 +214,15 @@ void PlannerWindow::refresh() {
         return;
     }
     refreshAssignments();
-    refreshTimer();
-    streak_->setText(streakText(service_.planner().state().streak.streak));
+    const system::Date now = service_.now();
+    const TimerTexts timer = timerTexts(service_.planner().timer(now), texts_);
+    timerTitle_->setText(toText(timer.title));
+    timerStatus_->setText(toText(timer.status));
+    timerButton_->setText(toText(timer.button));
+    const StreakTexts streak =
+        streakTexts(service_.planner().state().streak.streak, now, calendar_);
+    streakTitle_->setText(toText(streak.title));
+    streakStatus_->setText(toText(streak.status));
 }
 
 void PlannerWindow::refreshAssignments() {
@@ -206,49 +237,7 @@ void PlannerWindow::refreshAssignments() {
         assignments_->addWidget(makeAssignmentRow(assignment));
     }
     if (today.empty()) {
-        assignments_->addWidget(makeLabel("Nothing is due today.", "font-size: 13px;"));
-    }
-}
-
-QWidget* PlannerWindow::makeAssignmentRow(const Assignment& assignment) {
-    auto* widget = new QWidget;
-    auto* row = new QHBoxLayout(widget);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(8);
-    auto* bar = new QFrame;
-    bar->setFixedSize(3, 18);
-    bar->setStyleSheet(
-        QString("background: %1; border-radius: 1px;").arg(toText(assignment.item.classColor)));
-    auto* box = new QCheckBox(toText(assignment.item.title).replace('&', "&&"));
-    box->setChecked(assignment.done);
-    connect(box, &QCheckBox::toggled, this, [this, id = assignment.item.id](bool done) {
-        service_.setDone(id, done);
-        changed_();
-    });
-    row->addWidget(bar);
-    row->addWidget(box, 1);
-    row->addWidget(
-        makeLabel(assignment.done ? QString("done") : dueText(assignment, service_.now()),
-                  "font-size: 11px; color: palette(placeholder-text);"));
-    return widget;
-}
-
-void PlannerWindow::refreshTimer() {
-    const Planner& planner = service_.planner();
-    timer_->setText(timerText(planner.timer(service_.now())));
-    switch (planner.state().timer.phase) {
-        case StudyTimer::Phase::ready:
-            timerButton_->setText("Start");
-            return;
-        case StudyTimer::Phase::running:
-            timerButton_->setText("Pause");
-            return;
-        case StudyTimer::Phase::paused:
-            timerButton_->setText("Resume");
-            return;
-        case StudyTimer::Phase::ringing:
-            timerButton_->setText("Stop alarm");
-            return;
+        assignments_->addWidget(makeLabel("Nothing is due today.", titleSize));
     }
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -9,6 +8,7 @@
 #include <string>
 
 #include "DemoPlanner/PlannerService.h"
+#include "System/LocaleTexts.h"
 
 namespace kelmar::demo {
 
@@ -17,7 +17,8 @@ namespace kelmar::demo {
 class PlannerWindow final : public QWidget {
 public:
     /// `changed` runs after the planner was changed here.
-    PlannerWindow(PlannerService& service, std::function<void()> changed);
+    PlannerWindow(PlannerService& service, const system::Calendar& calendar,
+                  std::function<void()> changed);
 
     /// Comes to the front with what a deep link would have opened.
     void showOpening(const DeepLink& link, const std::string& url);
@@ -33,21 +34,26 @@ private:
     [[nodiscard]] QWidget* makeHeader();
     [[nodiscard]] QWidget* makeOpeningCard();
     [[nodiscard]] QWidget* makeTimerRow();
+    [[nodiscard]] QWidget* makeStreakRow();
     [[nodiscard]] QWidget* makeSwitches();
-    void refreshAssignments();
-    void refreshTimer();
     [[nodiscard]] QWidget* makeAssignmentRow(const Assignment& assignment);
+    void refreshAssignments();
 
     PlannerService& service_;
+    const system::Calendar& calendar_;
+    system::LocaleTexts texts_{{}, {}};
     std::function<void()> changed_;
+
     QLabel* openingPlace_ = nullptr;
     QLabel* openingTitle_ = nullptr;
     QLabel* openingDetail_ = nullptr;
     QLabel* openingUrl_ = nullptr;
     QVBoxLayout* assignments_ = nullptr;
-    QLabel* timer_ = nullptr;
+    QLabel* timerTitle_ = nullptr;
+    QLabel* timerStatus_ = nullptr;
     QPushButton* timerButton_ = nullptr;
-    QLabel* streak_ = nullptr;
+    QLabel* streakTitle_ = nullptr;
+    QLabel* streakStatus_ = nullptr;
 };
 
 }  // namespace kelmar::demo

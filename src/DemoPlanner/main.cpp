@@ -96,7 +96,7 @@ public:
 private:
     PlannerWindow& window() {
         if (!window_) {
-            window_ = std::make_unique<PlannerWindow>(service_, [this] { settle(); });
+            window_ = std::make_unique<PlannerWindow>(service_, *own_, [this] { settle(); });
         }
         return *window_;
     }
