@@ -1,0 +1,124 @@
+#include <QApplication>
+#include <QCheckBox>
+#include <stdexcept>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "DemoPlanner/PlannerWindow.h"
+#include "tests/DemoPlanner/Surroundings.h"
+
+namespace kelmar::demo {
+namespace {
+
+using testing::Contains;
+using testing::Not;
+
+QApplication& application() {
+    static int count = 1;
+    static char name[] = "demoplanner_window_tests";
+    static char* arguments[] = {name, nullptr};
+    static const bool offscreen = qputenv("QT_QPA_PLATFORM", "offscreen");
+    static QApplication instance(count, arguments);
+    EXPECT_TRUE(offscreen);
+    return instance;
+}
+
+class PlannerWindowTest : public testing::Test {
+protected:
+    PlannerWindowTest() { window.present(); }
+
+    /// What the window shows in words.
+    [[nodiscard]] std::vector<std::string> labels() const {
+        QApplication::processEvents();
+        std::vector<std::string> texts;
+        for (const QLabel* label : window.findChildren<QLabel*>()) {
+            if (label->isVisible()) {
+                texts.push_back(label->text().toStdString());
+            }
+        }
+        return texts;
+    }
+
+    [[nodiscard]] QCheckBox& box(const std::string& text) const {
+        QApplication::processEvents();
+        for (QCheckBox* each : window.findChildren<QCheckBox*>()) {
+            if (each->isVisible() && each->text().toStdString() == text) {
+                return *each;
+            }
+        }
+        throw std::runtime_error("no check box " + text);
+    }
+
+    [[nodiscard]] QPushButton& timerButton() const { return *window.findChild<QPushButton*>(); }
+
+    QApplication& running = application();
+    Surroundings around;
+    RecordingStorage storage;
+    PlannerService service{storage, around.clock, around.calendars, [](std::string_view) {}};
+    int changes = 0;
+    PlannerWindow window{service, *around.calendar, [this] {
+                             ++changes;
+                             window.refresh();
+                         }};
+};
+
+TEST_F(PlannerWindowTest, ListsTodaysWorkTheTimerAndTheStreak) {
+    for (const Assignment& assignment : service.today()) {
+        EXPECT_FALSE(box(assignment.item.title).isChecked());
+    }
+    EXPECT_THAT(labels(), Contains("Nothing asked for yet"));
+    EXPECT_THAT(labels(), Contains("Ready, 25:00"));
+    EXPECT_THAT(labels(), Contains("6 days, best 11"));
+}
+
+TEST_F(PlannerWindowTest, SaysWhatADeepLinkWouldOpen) {
+    const Assignment assignment = service.today().back();
+    window.hide();
+    window.showOpening(ShowAssignment{assignment.item.id}, "kelmarplanner://assignment/x");
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_THAT(labels(), Contains("Would open · Assignment"));
+    EXPECT_THAT(labels(), Contains(assignment.item.title));
+    EXPECT_THAT(labels(), Contains("kelmarplanner://assignment/x"));
+    window.showOpening(ShowClass{"spanish"}, "kelmarplanner://class/spanish");
+    EXPECT_THAT(labels(), Contains("Spanish II"));
+    EXPECT_THAT(labels(), Not(Contains(assignment.item.title)));
+}
+
+TEST_F(PlannerWindowTest, CheckingAnAssignmentMarksItDoneAndUncheckingTakesItBack) {
+    const Assignment assignment = service.today().back();
+    box(assignment.item.title).click();
+    EXPECT_TRUE(service.planner().state().coursework.find(assignment.item.id)->done);
+    EXPECT_TRUE(box(assignment.item.title).isChecked());
+    EXPECT_THAT(labels(), Contains("done"));
+    box(assignment.item.title).click();
+    EXPECT_FALSE(service.planner().state().coursework.find(assignment.item.id)->done);
+    EXPECT_EQ(changes, 2);
+}
+
+TEST_F(PlannerWindowTest, TheTimersButtonStartsAndPausesIt) {
+    timerButton().click();
+    EXPECT_EQ(service.planner().state().timer.phase, StudyTimer::Phase::running);
+    EXPECT_EQ(timerButton().text(), "Pause");
+    timerButton().click();
+    EXPECT_EQ(service.planner().state().timer.phase, StudyTimer::Phase::paused);
+    EXPECT_EQ(timerButton().text(), "Resume");
+}
+
+TEST_F(PlannerWindowTest, TheSwitchesSignOutAndDisconnectTheCalendar) {
+    box("Signed in").click();
+    box("School calendar connected").click();
+    EXPECT_FALSE(service.planner().state().signedIn);
+    EXPECT_FALSE(service.planner().state().schoolCalendarConnected);
+}
+
+TEST_F(PlannerWindowTest, AHiddenWindowIsBroughtUpToDateWhenItIsShownAgain) {
+    window.hide();
+    service.perform(TurnTimerOn{});
+    window.refresh();
+    EXPECT_EQ(timerButton().text(), "Start");
+    window.present();
+    EXPECT_EQ(timerButton().text(), "Pause");
+}
+
+}  // namespace
+}  // namespace kelmar::demo
