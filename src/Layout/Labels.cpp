@@ -30,8 +30,10 @@ void relabel(PlacedBoxes& boxes, std::size_t first, const std::string& label,
             box.label.clear();
         }
     }
-    boxes.push_back(own);
-    boxes.back().label = label;
+    if (!label.empty()) {
+        boxes.push_back(own);
+        boxes.back().label = label;
+    }
 }
 
 std::string gatheredLabel(const PlacedBoxes& boxes, std::size_t container) {

@@ -7,9 +7,9 @@
 
 namespace kelmar::layout {
 
-/// Says with a label of its own what the boxes from index `first` on would say: on their only box
-/// or the one thing to press that holds them all, else on a box of its own over `rect`, which the
-/// list is then given. What can be pressed in there keeps its own label.
+/// Has the boxes from index `first` on say `label` and nothing else: their only box, or the one
+/// thing to press that holds them all, else `own`, a box that is then added in front of them. What
+/// can be pressed among them keeps its own label. An empty label silences the boxes.
 void relabel(PlacedBoxes& boxes, std::size_t first, const std::string& label, const PlacedBox& own);
 
 /// What the boxes in the link, button or toggle at `container` say, joined by ", ".

@@ -25,9 +25,6 @@ public:
           across_(across(line.axis, proposal)),
           precision_(precision),
           measuring_(measuring) {
-        gaps_ = line.children.empty()
-                    ? 0
-                    : line.spacing * static_cast<double>(line.children.size() - 1);
         const std::vector<Length> offers = this->offers(along(line.axis, proposal));
         for (std::size_t index = 0; index < offers.size(); ++index) {
             children_.push_back({.view = &line.children[index],
@@ -70,18 +67,18 @@ private:
 
     template <class AcrossOffset>
     Arrangement placed(double room, const AcrossOffset& acrossOffset) {
-        double at = 0;
+        double length = 0;
         for (ArrangedChild& child : children_) {
-            child.origin = pointAlong(line_.axis, at, acrossOffset(child.measured));
-            at += along(line_.axis, child.measured.size) + line_.spacing;
+            const double start = &child == children_.data() ? 0 : length + line_.spacing;
+            child.origin = pointAlong(line_.axis, start, acrossOffset(child.measured));
+            length = start + along(line_.axis, child.measured.size);
         }
-        const double length = children_.empty() ? 0 : at - line_.spacing;
         return arranged(sizeAlong(line_.axis, length, room), std::move(children_));
     }
 
     [[nodiscard]] std::vector<Length> offers(const Length& length) {
         const std::size_t count = line_.children.size();
-        if (!length.isDefinite() || count == 1) {
+        if (!length.isDefinite() || count <= 1) {
             return std::vector(count, length);
         }
         std::vector<Flexibility> flexibilities;
@@ -92,8 +89,9 @@ private:
             return along(line_.axis,
                          measure(index, Length::definite(offer), across_, precision_).size);
         };
+        const double gaps = line_.spacing * static_cast<double>(count - 1);
         std::vector<Length> offers;
-        for (const double offer : divide(length.without(gaps_).points(0), flexibilities, taken)) {
+        for (const double offer : divide(length.without(gaps).points(0), flexibilities, taken)) {
             offers.push_back(Length::definite(offer));
         }
         return offers;
@@ -128,7 +126,6 @@ private:
     Length across_;
     Precision precision_;
     Measuring& measuring_;
-    double gaps_ = 0;
     std::vector<ArrangedChild> children_;
 };
 

@@ -7,7 +7,7 @@
 namespace kelmar::layout {
 
 /// What a stack knows of a child before it divides its length: the lengths that the child takes
-/// when it is offered nothing and everything.
+/// when it is offered nothing and everything. Neither is negative.
 struct Flexibility {
     enum class Kind {
         view,
@@ -15,7 +15,7 @@ struct Flexibility {
     };
 
     double minimum = 0;
-    double maximum = 0;  ///< May be infinite.
+    double maximum = 0;  ///< At least the minimum; may be infinite.
     Kind kind = Kind::view;
 
     friend bool operator==(const Flexibility&, const Flexibility&) = default;
@@ -27,9 +27,10 @@ using LengthTaken = std::function<double(std::size_t index, double offer)>;
 /// Offers each child its part of `length` (finite, spacing already taken off) and returns the
 /// offers in the children's order.
 ///
-/// The least flexible child comes first: it is offered an equal part of what is left, and what it
-/// does not take goes to the others. No offer eats into the minimums of those that still wait, so
-/// the children never exceed `length` as long as the sum of their minimums fits it, and each takes
+/// All views get the same, except those that need more or can take only less; spacers share what
+/// the views leave, their own minimums kept. The least flexible child is asked first, so that what
+/// it declines against expectation, as a text does that wraps early, goes to those that can use it.
+/// The children do not exceed `length` as long as the sum of their minimums fits it and each takes
 /// no more than the larger of its offer and its minimum.
 [[nodiscard]] std::vector<double> divide(double length, const std::vector<Flexibility>& children,
                                          const LengthTaken& taken);

@@ -89,6 +89,21 @@ TEST(StackDivision, AnEqualPartDoesNotEatIntoAnothersMinimum) {
     EXPECT_THAT(taken(100, {view(0, 100), view(90, infinity)}), ElementsAre(10, 90));
 }
 
+TEST(StackDivision, ChildrenAlikeAreTreatedAlikeBesideOneThatNeedsMore) {
+    EXPECT_THAT(taken(51, {view(0, 100), view(0, 100), view(40, infinity)}),
+                ElementsAre(5.5, 5.5, 40));
+}
+
+TEST(StackDivision, NothingIsLeftBesideAChildThatIsFullEarly) {
+    EXPECT_THAT(taken(145, {view(90, 100), view(0, 50)}), ElementsAre(95, 50));
+}
+
+TEST(StackDivision, WhereThereIsEnoughEveryChildIsOfferedAllThatItCouldTake) {
+    const auto grows = [](std::size_t, double offer) { return offer; };
+    EXPECT_THAT(divide(100, {view(10, 20), view(0, 30)}, grows), ElementsAre(100, 0));
+    EXPECT_THAT(divide(100, {view(10, 20), view(5, 30)}, grows), ElementsAre(95, 5));
+}
+
 TEST(StackDivision, MinimumsThatDoNotFitAreKeptAllTheSame) {
     EXPECT_THAT(taken(50, {rigid(40), rigid(30), view(5, 60)}), ElementsAre(40, 30, 5));
 }
@@ -96,6 +111,8 @@ TEST(StackDivision, MinimumsThatDoNotFitAreKeptAllTheSame) {
 TEST(StackDivision, NoOfferIsNegativeHoweverLittleThereIs) {
     EXPECT_THAT(divide(-10, {view(0, 5), spacer()}, [](std::size_t, double) { return 3.0; }),
                 ElementsAre(0, 0));
+    EXPECT_THAT(divide(10, {view(0, 5), view(0, 9)}, [](std::size_t, double) { return 30.0; }),
+                ElementsAre(5, 0));
 }
 
 TEST(StackDivision, WhatAChildDeclinesGoesToThoseThatFollow) {

@@ -29,7 +29,7 @@ inline std::string dumped(double number) {
     return text == "-0" ? "0" : text;
 }
 
-inline std::string quoted(std::string_view text) {
+inline std::string inQuotes(std::string_view text) {
     return '"' + std::string(text) + '"';
 }
 
@@ -58,7 +58,7 @@ inline std::string dumped(const layout::TextDrawing& text) {
     std::string result = " text " + dumped(text.font) + ' ' + dumped(text.color);
     result += text.strikethrough ? " strikethrough" : "";
     for (const layout::TextLine& line : text.lines) {
-        result += ' ' + quoted(line.text) + '@' + dumped(line.x) + ',' + dumped(line.baseline);
+        result += ' ' + inQuotes(line.text) + '@' + dumped(line.x) + ',' + dumped(line.baseline);
     }
     return result;
 }
@@ -106,7 +106,7 @@ inline std::string dumped(const kit::Intent& intent) {
     for (const auto& [name, value] : intent.parameters) {
         text.append(separator).append(name).append("=");
         text +=
-            std::visit(kit::Match{[](const std::string& words) { return quoted(words); },
+            std::visit(kit::Match{[](const std::string& words) { return inQuotes(words); },
                                   [](bool flag) { return std::string(flag ? "true" : "false"); },
                                   [](std::int64_t number) { return std::to_string(number); }},
                        value);
@@ -137,7 +137,7 @@ inline std::string dumpBoxes(const layout::PlacedBoxes& boxes) {
     std::string dump;
     for (const layout::PlacedBox& box : boxes) {
         dump += dumped(box.rect) + dumped(box.drawing) + dumped(box.action);
-        dump += box.label.empty() || saysItself(box) ? "" : " label " + quoted(box.label);
+        dump += box.label.empty() || saysItself(box) ? "" : " label " + inQuotes(box.label);
         dump += box.opacity == 1 ? "" : " opacity " + dumped(box.opacity);
         dump += box.container ? " in " + std::to_string(*box.container) : "";
         dump += '\n';
