@@ -4,7 +4,6 @@
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QScreen>
 #include <QStyleHints>
 #include <QWindow>
@@ -12,13 +11,13 @@
 #include <chrono>
 #include <cmath>
 
+#include "Desktop/CutOutCard.h"
 #include "Desktop/LiveChange.h"
 #include "Desktop/Placement.h"
 #include "Desktop/Screens.h"
 #include "Desktop/WidgetAccessibility.h"
 #include "Desktop/X11Hints.h"
 #include "Kit/Metrics.h"
-#include "Paint/Palette.h"
 
 namespace kelmar::desktop {
 
@@ -101,15 +100,12 @@ void WidgetWindow::paintEvent(QPaintEvent* /*event*/) {
     if (image_.isNull() || style_.scale != devicePixelRatioF()) {
         style_.scale = devicePixelRatioF();
         image_ = picture_->image(style_, clock_.now());
+        if (corners_ == Corners::cutOut) {
+            image_ = opaqueCard(image_);
+        }
         scheduleLiveChange();
     }
     QPainter painter(this);
-    if (corners_ == Corners::cutOut) {
-        // Nobody mixes a translucent card with what is behind it, so it gets a ground of its own.
-        QColor ground = paint::Palette(style_.appearance).background(kit::tertiaryFill);
-        ground.setAlphaF(1);
-        painter.fillRect(rect(), ground);
-    }
     painter.drawImage(QPointF(), image_);
 }
 
@@ -186,13 +182,14 @@ void WidgetWindow::redraw() {
 }
 
 void WidgetWindow::updateMask() {
-    if (corners_ == Corners::transparent) {
-        clearMask();
-        return;
+    switch (corners_) {
+        case Corners::transparent:
+            clearMask();
+            break;
+        case Corners::cutOut:
+            setMask(cardRegion(size()));
+            break;
     }
-    QPainterPath card;
-    card.addRoundedRect(rect(), paint::cardCornerRadius, paint::cardCornerRadius);
-    setMask(QRegion(card.toFillPolygon().toPolygon()));
 }
 
 void WidgetWindow::scheduleLiveChange() {

@@ -1,0 +1,27 @@
+#include "Desktop/CutOutCard.h"
+
+#include <QBitmap>
+#include <QPainter>
+
+#include "Paint/WidgetPicture.h"
+
+namespace kelmar::desktop {
+
+QRegion cardRegion(QSize window) {
+    QBitmap card(window);
+    card.clear();
+    QPainter painter(&card);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::color1);
+    painter.drawRoundedRect(QRect(QPoint(), window), paint::cardCornerRadius,
+                            paint::cardCornerRadius);
+    painter.end();
+    return card;
+}
+
+QImage opaqueCard(const QImage& picture) {
+    // The first conversion gives colours as they are under their opacity, which the second forgets.
+    return picture.convertToFormat(QImage::Format_ARGB32).convertToFormat(QImage::Format_RGB32);
+}
+
+}  // namespace kelmar::desktop

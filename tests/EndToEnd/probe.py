@@ -1,0 +1,83 @@
+"""Puts the probe extension beside a session and asks what it was asked."""
+
+import json
+import os
+import sys
+
+from processes import wait_until
+from session import binary, make_program
+
+# The fields' middles, from a widget's top left corner.
+BUTTON = (36, 36)
+TOGGLE = (96, 36)
+LINK = (156, 36)
+BESIDE_ALL = (100, 120)
+
+KEY_FILE = """[Extension]
+Exec=probe-extension
+UrlScheme=probe
+ReloadOnChange=probe-content;
+"""
+
+
+class Probe:
+    def __init__(self, session):
+        self._session = session
+        self.folder = os.path.join(session.folder, "probe")
+        os.mkdir(self.folder)
+        source = os.path.join(os.path.dirname(os.path.abspath(__file__)), "probe_extension.py")
+        with open(source, encoding="utf-8") as file:
+            make_program(os.path.join(self.folder, "probe-extension"),
+                         f"#!{sys.executable}\n" + file.read())
+        self.key_file = os.path.join(self.folder, "probe.extension")
+        with open(self.key_file, "w", encoding="utf-8") as file:
+            file.write(KEY_FILE)
+
+    def start_widgets(self, *arguments):
+        """Starts the program and waits until the probe's window stands; returns the process."""
+        process = self._session.processes.start("kelmar-widgets", self.command(*arguments),
+                                                self._session.environment)
+        self.window()
+        return process
+
+    def command(self, *arguments):
+        return [binary("kelmar-widgets"), "--extension", self.key_file, *arguments]
+
+    def window(self):
+        return wait_until(lambda: self._session.windows_named("Probe"), "the probe's window")[0]
+
+    def place(self):
+        """The top left corner of its window."""
+        return self._session.geometry_of(self.window())[:2]
+
+    def click(self, field, button=1):
+        place = self.place()
+        self._session.click(place[0] + field[0], place[1] + field[1], button)
+
+    def set_color(self, red, green, blue):
+        """Shown by the next timeline."""
+        with open(os.path.join(self.folder, "color"), "w", encoding="ascii") as file:
+            file.write(f"{red} {green} {blue}")
+
+    def tell_of_change(self):
+        """Touches the file that the key file names."""
+        self._session.write_in_home("probe-content", "changed")
+
+    def requests(self, method):
+        """The parameters of all requests of one method, in their order."""
+        try:
+            with open(os.path.join(self.folder, "requests"), encoding="utf-8") as file:
+                messages = [json.loads(line) for line in file]
+        except FileNotFoundError:
+            return []
+        return [message["params"] for message in messages if message["method"] == method]
+
+    def process_id(self):
+        with open(os.path.join(self.folder, "pid"), encoding="ascii") as file:
+            return int(file.read())
+
+    def background(self):
+        """The colour now seen beside the fields."""
+        place = self.place()
+        return self._session.screenshot().pixel(place[0] + BESIDE_ALL[0],
+                                                place[1] + BESIDE_ALL[1])

@@ -1,0 +1,95 @@
+"""A widget extension for tests: three coloured fields and a text, everything asked of it written
+down. In its own folder it finds and leaves these files:
+
+    color       the background's colour as "r g b" from 0 to 1, read for every timeline
+    requests    one line for every request that has come, as JSON
+    pid         the process id of the one that runs now
+"""
+
+import json
+import os
+import sys
+import time
+
+FAR_AWAY = 1e11
+
+
+class Probe:
+    def __init__(self, folder):
+        self._folder = folder
+        self._last_id = 0
+
+    def serve(self):
+        self._write("pid", "w", str(os.getpid()))
+        for line in sys.stdin:
+            message = json.loads(line)
+            if "method" not in message:
+                continue
+            self._write("requests", "a", line)
+            self._send({"id": message["id"],
+                        "result": self._answer(message["method"], message.get("params", {}))})
+
+    def _answer(self, method, parameters):
+        if method == "initialize":
+            return {"widgets": [
+                {"kind": "Probe", "displayName": "Probe", "description": "Shows what it is told.",
+                 "families": ["systemSmall", "systemMedium", "systemLarge"]}], "controls": []}
+        if method == "widget/timeline":
+            return {"entries": [self._entry(parameters)], "policy": "never"}
+        if method in ("widget/placeholder", "widget/snapshot"):
+            return self._entry(parameters)
+        if method == "intent/perform":
+            self._open("probe://performed/" + parameters["intent"]["name"])
+            return {}
+        raise AssertionError(method)
+
+    def _entry(self, parameters):
+        entry = {"date": time.time() - 1, "view": {
+            "content": content(parameters["kind"]),
+            "background": {"rgb": self._color()}}}
+        if parameters["environment"]["family"] == "systemSmall":
+            entry["view"]["widgetUrl"] = "probe://whole"
+        return entry
+
+    def _color(self):
+        try:
+            with open(os.path.join(self._folder, "color"), encoding="ascii") as file:
+                return [float(component) for component in file.read().split()]
+        except FileNotFoundError:
+            return [0, 0, 1]
+
+    def _open(self, url):
+        """Asks for an opening and waits for nothing: the answer is skipped when it comes."""
+        self._last_id += 1
+        self._send({"id": self._last_id, "method": "app/open",
+                    "params": {"url": url, "activates": False, "addsToRecentItems": False}})
+
+    def _send(self, message):
+        sys.stdout.write(json.dumps({"jsonrpc": "2.0", **message}) + "\n")
+        sys.stdout.flush()
+
+    def _write(self, name, mode, text):
+        with open(os.path.join(self._folder, name), mode, encoding="utf-8") as file:
+            file.write(text)
+
+
+def field(color):
+    """40 points square."""
+    return {"type": "frame", "width": 40, "height": 40, "child":
+            {"type": "shape", "shape": "rectangle", "fill": {"rgb": color}}}
+
+
+def content(kind):
+    """A button, a toggle and a link in a row, 20 points apart, at the top left."""
+    row = {"type": "hstack", "spacing": 20, "children": [
+        {"type": "button", "label": "Press " + kind, "child": field([1, 0, 0]),
+         "intent": {"name": "Press", "parameters": {"id": "a/b", "count": 3, "on": True}}},
+        {"type": "toggle", "isOn": True, "child": field([0, 1, 0]),
+         "intent": {"name": "Flip", "parameters": {"value": False}}},
+        {"type": "link", "url": "probe://linked", "child": field([1, 1, 0])}]}
+    return {"type": "frame", "maxWidth": "infinity", "maxHeight": "infinity",
+            "alignment": "topLeading", "child": row}
+
+
+if __name__ == "__main__":
+    Probe(os.path.dirname(os.path.abspath(__file__))).serve()

@@ -1,0 +1,86 @@
+"""Starting programs for a test, and ending them for certain."""
+
+import os
+import signal
+import subprocess
+import time
+
+ENDING_TIME = 5.0
+
+
+class Processes:
+    """The programs of one test, each in a process group of its own so that whatever it starts
+    itself (a window manager's helpers, a widget extension) ends with it."""
+
+    def __init__(self, log_folder):
+        self._log_folder = log_folder
+        self._running = []
+
+    def start(self, name, command, environment, **options):
+        log = open(os.path.join(self._log_folder, name + ".log"), "ab")
+        with log:
+            process = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL,
+                                       stderr=log, start_new_session=True,
+                                       **{"stdout": log, **options})
+        self._running.append(process)
+        return process
+
+    def log_of(self, name):
+        path = os.path.join(self._log_folder, name + ".log")
+        with open(path, encoding="utf-8", errors="replace") as log:
+            return log.read()
+
+    def end(self, process, first_signal=signal.SIGTERM):
+        """Ends a program and its group; returns its exit status."""
+        if process.poll() is None:
+            process.send_signal(first_signal)
+            try:
+                process.wait(ENDING_TIME)
+            except subprocess.TimeoutExpired:
+                pass
+        self._kill_group(process)
+        process.wait(ENDING_TIME)
+        if process.stdout:
+            process.stdout.close()
+        if process in self._running:
+            self._running.remove(process)
+        return process.returncode
+
+    def end_all(self):
+        for process in reversed(list(self._running)):
+            self.end(process)
+
+    @staticmethod
+    def _kill_group(process):
+        try:
+            os.killpg(process.pid, signal.SIGKILL)
+        except ProcessLookupError:
+            pass
+
+
+def children_of(pid):
+    """The direct children of a process."""
+    with open(f"/proc/{pid}/task/{pid}/children", encoding="ascii") as children:
+        return [int(child) for child in children.read().split()]
+
+
+def context_switches(pid):
+    """How often a process has been given the processor, over all its threads."""
+    count = 0
+    for thread in os.listdir(f"/proc/{pid}/task"):
+        with open(f"/proc/{pid}/task/{thread}/status", encoding="ascii") as status:
+            count += sum(int(line.split()[1]) for line in status
+                         if line.startswith("voluntary_ctxt_switches"))
+    return count
+
+
+def wait_until(condition, what, seconds=15.0):
+    """Polls until the condition holds and returns what it gave; fails with `what` otherwise."""
+    deadline = time.monotonic() + seconds
+    while True:
+        result = condition()
+        if result:
+            return result
+        if time.monotonic() > deadline:
+            raise AssertionError(f"waited {seconds:g} seconds in vain: {what}")
+        time.sleep(0.05)

@@ -1,0 +1,246 @@
+"""A desktop session of its own for one test: X server, window manager, session bus, home folder
+and a planner that is registered for the widgets' links. Nothing of it outlives the test."""
+
+import os
+import pwd
+import shutil
+import stat
+import subprocess
+import tempfile
+import time
+
+from picture import Picture
+from processes import Processes, wait_until
+
+BIN_FOLDER = os.environ.get("KELMAR_BIN", "")
+SCREEN_SIZE = (1280, 800)
+WALLPAPER = (0x3B, 0x5B, 0x7A)
+PLAIN_COLOR = (0xC0, 0xFF, 0xEE)
+
+BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:dir={folder}</listen>
+  <auth>EXTERNAL</auth>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+"""
+
+RECORDING_PLANNER = """#!/bin/sh
+printf '%s\\n' "$1" >> '{record}'
+"""
+
+DESKTOP_ENTRY = """[Desktop Entry]
+Type=Application
+Name=Recording Planner
+Exec={program} %u
+NoDisplay=true
+MimeType=x-scheme-handler/{scheme};
+"""
+
+
+def binary(name):
+    path = os.path.join(BIN_FOLDER, name)
+    if not BIN_FOLDER or not os.access(path, os.X_OK):
+        raise AssertionError(f"{name} has not been built in KELMAR_BIN ({BIN_FOLDER!r})")
+    return path
+
+
+class Session:
+    """Use as `session = Session(); test.addCleanup(session.end)`, then `start()`."""
+
+    def __init__(self):
+        self.folder = tempfile.mkdtemp(prefix="kelmar-e2e-")
+        self.home = self._make_folder("home")
+        self.processes = Processes(self._make_folder("logs"))
+        self.environment = {}
+
+    def start(self):
+        self.environment = self._base_environment()
+        self._start_x_server()
+        self._start_session_bus()
+        self.processes.start("openbox", ["openbox", "--sm-disable"], self.environment)
+        wait_until(self._has_window_manager, "a window manager")
+        subprocess.run(["xsetroot", "-solid", "#%02x%02x%02x" % WALLPAPER], env=self.environment,
+                       check=True)
+
+    def end(self):
+        self.processes.end_all()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    # Home folder -----------------------------------------------------------------------------
+
+    def path_in_home(self, *parts):
+        return os.path.join(self.home, *parts)
+
+    def write_in_home(self, path, text):
+        """Replaces a file as a careful program does: never half of it to be seen."""
+        target = self.path_in_home(path)
+        os.makedirs(os.path.dirname(target), exist_ok=True)
+        with open(target + ".new", "w", encoding="utf-8") as file:
+            file.write(text)
+        os.replace(target + ".new", target)
+
+    # The planner that records -----------------------------------------------------------------
+
+    def register_recording_planner(self, scheme="kelmarplanner"):
+        """Registers a program for a scheme that only writes down what it is given."""
+        program = os.path.join(self.folder, "recording-planner")
+        make_program(program, RECORDING_PLANNER.format(record=self._url_record()))
+        self.write_in_home(".local/share/applications/recording-planner.desktop",
+                           DESKTOP_ENTRY.format(program=program, scheme=scheme))
+        self.write_in_home(".config/mimeapps.list",
+                           "[Default Applications]\n"
+                           f"x-scheme-handler/{scheme}=recording-planner.desktop\n")
+
+    def opened_urls(self):
+        try:
+            with open(self._url_record(), encoding="utf-8") as record:
+                return record.read().splitlines()
+        except FileNotFoundError:
+            return []
+
+    # Pointer, keyboard and screen --------------------------------------------------------------
+
+    def move_pointer(self, x, y):
+        self._xdotool("mousemove", x, y)
+
+    def click(self, x, y, button=1):
+        self._xdotool("mousemove", x, y, "click", button)
+
+    def drag(self, start, end):
+        self._xdotool("mousemove", *start, "mousedown", 1)
+        steps = 8
+        for step in range(1, steps + 1):
+            self._xdotool("mousemove", *(start[i] + (end[i] - start[i]) * step // steps
+                                         for i in range(2)))
+        self._xdotool("mouseup", 1)
+
+    def press_keys(self, *keys):
+        self._xdotool("key", *keys)
+
+    def screenshot(self):
+        return Picture.of_screen(self.environment)
+
+    def save_screenshot(self, path):
+        subprocess.run(["import", "-silent", "-window", "root", path], env=self.environment,
+                       check=True)
+
+    def property_of(self, window, name):
+        return subprocess.run(["xprop", "-id", str(window), name], env=self.environment,
+                              check=True, stdout=subprocess.PIPE, text=True).stdout
+
+    def open_plain_window(self, x, y, width, height):
+        """An ordinary window, for covering others and for having the keyboard."""
+        self.processes.start(
+            "plain-window",
+            ["xmessage", "-title", "Plain Window", "-bg", "#%02x%02x%02x" % PLAIN_COLOR,
+             "-geometry", f"{width}x{height}+{x}+{y}", "-buttons", "", " "], self.environment)
+        wait_until(lambda: self.windows_named("Plain Window"), "a plain window")
+
+    def active_window(self):
+        """The window that has the keyboard, as its window manager says."""
+        answer = subprocess.run(["xprop", "-root", "_NET_ACTIVE_WINDOW"], env=self.environment,
+                                check=True, stdout=subprocess.PIPE, text=True).stdout
+        number = answer.split("#")[-1].strip()
+        return None if number == "0x0" else number
+
+    def settle(self):
+        """Lets everything that was sent arrive: what must NOT happen can only be waited for."""
+        time.sleep(0.5)
+
+    def windows_named(self, name):
+        """The visible windows of a name."""
+        search = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{name}$"],
+                                env=self.environment, stdout=subprocess.PIPE,
+                                stderr=subprocess.DEVNULL, text=True, check=False)
+        return [int(line) for line in search.stdout.split()]
+
+    def geometry_of(self, window):
+        """x, y, width and height of a window on the screen."""
+        answer = subprocess.run(["xdotool", "getwindowgeometry", "--shell", str(window)],
+                                env=self.environment, check=True, stdout=subprocess.PIPE,
+                                text=True).stdout
+        values = dict(line.split("=", 1) for line in answer.splitlines())
+        return tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
+
+    # -------------------------------------------------------------------------------------------
+
+    def _make_folder(self, name):
+        path = os.path.join(self.folder, name)
+        os.mkdir(path)
+        return path
+
+    def _url_record(self):
+        return os.path.join(self.folder, "opened-urls")
+
+    def _base_environment(self):
+        runtime = self._make_folder("runtime")
+        os.chmod(runtime, stat.S_IRWXU)
+        return {
+            "PATH": os.environ["PATH"],
+            "HOME": self.home,
+            "LANG": "C.UTF-8",
+            "TZ": "Europe/Berlin",
+            "XDG_CONFIG_HOME": self.path_in_home(".config"),
+            "XDG_DATA_HOME": self.path_in_home(".local", "share"),
+            "XDG_CACHE_HOME": self.path_in_home(".cache"),
+            "XDG_RUNTIME_DIR": runtime,
+            "QT_FORCE_STDERR_LOGGING": "1",
+            # The sanitizers' runtime would insist on being loaded before the account wrapper.
+            "ASAN_OPTIONS": "verify_asan_link_order=0:detect_leaks=0",
+            **self._account_environment(),
+        }
+
+    def _account_environment(self):
+        """Gives the current user the test's home folder in the account database itself."""
+        account = pwd.getpwuid(os.getuid())
+        passwd = os.path.join(self.folder, "passwd")
+        group = os.path.join(self.folder, "group")
+        with open(passwd, "w", encoding="utf-8") as file:
+            file.write(f"{account.pw_name}:x:{account.pw_uid}:{account.pw_gid}:Student:"
+                       f"{self.home}:/bin/sh\n")
+        with open(group, "w", encoding="utf-8") as file:
+            file.write(f"students:x:{account.pw_gid}:\n")
+        return {"LD_PRELOAD": "libnss_wrapper.so", "NSS_WRAPPER_PASSWD": passwd,
+                "NSS_WRAPPER_GROUP": group}
+
+    def _start_x_server(self):
+        size = "%dx%dx24" % SCREEN_SIZE
+        server = self.processes.start(
+            "xvfb", ["Xvfb", "-displayfd", "1", "-screen", "0", size, "-nolisten", "tcp",
+                     "-noreset"],
+            {"PATH": os.environ["PATH"]}, stdout=subprocess.PIPE)
+        number = server.stdout.readline().decode().strip()
+        if not number:
+            raise AssertionError("the X server did not start: " + self.processes.log_of("xvfb"))
+        self.environment["DISPLAY"] = ":" + number
+
+    def _start_session_bus(self):
+        configuration = os.path.join(self.folder, "bus.conf")
+        with open(configuration, "w", encoding="utf-8") as file:
+            file.write(BUS_CONFIGURATION.format(folder=self.folder))
+        bus = self.processes.start(
+            "dbus", ["dbus-daemon", "--config-file", configuration, "--nofork", "--print-address"],
+            self.environment, stdout=subprocess.PIPE)
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip()
+
+    def _has_window_manager(self):
+        answer = subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"],
+                                env=self.environment, check=False, stdout=subprocess.PIPE,
+                                text=True).stdout
+        return "window id" in answer
+
+    def _xdotool(self, *words):
+        subprocess.run(["xdotool", *map(str, words)], env=self.environment, check=True)
+
+
+def make_program(path, text):
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(text)
+    os.chmod(path, 0o755)

@@ -1,0 +1,304 @@
+"""The widgets' windows on a real X server, with an extension that shows coloured fields."""
+
+import os
+import signal
+import time
+import unittest
+
+from probe import BESIDE_ALL, BUTTON, LINK, TOGGLE, Probe
+from processes import children_of, context_switches, wait_until
+from session import PLAIN_COLOR, SCREEN_SIZE, WALLPAPER, Session
+
+BLUE = (0, 0, 255)
+ORANGE = (255, 128, 0)
+ARRANGEMENT = ".config/kelmar-widgets/arrangement.json"
+
+
+class WindowTest(unittest.TestCase):
+    def setUp(self):
+        self.session = Session()
+        self.addCleanup(self.session.end)
+        self.session.start()
+        self.session.register_recording_planner("probe")
+        self.probe = Probe(self.session)
+
+    def wait_for_background(self, color):
+        wait_until(lambda: self.probe.background() == color, f"the background {color}")
+
+
+class OnTheDesktopTest(WindowTest):
+    def test_window_tells_the_window_manager_to_stay_out_of_the_way(self):
+        self.probe.start_widgets()
+        window = self.probe.window()
+        states = self.session.property_of(window, "_NET_WM_STATE")
+        for state in ("BELOW", "SKIP_TASKBAR", "SKIP_PAGER"):
+            self.assertIn("_NET_WM_STATE_" + state, states)
+        self.assertIn("4294967295", self.session.property_of(window, "_NET_WM_DESKTOP"))
+        self.assertIn("Client accepts input or input focus: False",
+                      self.session.property_of(window, "WM_HINTS"))
+        self.assertIn("_NET_FRAME_EXTENTS(CARDINAL) = 0, 0, 0, 0",
+                      self.session.property_of(window, "_NET_FRAME_EXTENTS"))
+
+    def test_window_has_its_states_again_after_its_size_was_changed(self):
+        self.probe.start_widgets()
+        before = self.session.property_of(self.probe.window(), "_NET_WM_STATE")
+        self.open_menu()
+        self.session.press_keys("Down", "Return")
+        wait_until(lambda: self.size() == (170, 170), "the small widget")
+        self.assertEqual(self.session.property_of(self.probe.window(), "_NET_WM_STATE"), before)
+
+    def test_window_stays_below_another_that_covers_it(self):
+        self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        place = self.probe.place()
+        self.session.open_plain_window(place[0] + 50, place[1] + 60, 200, 100)
+        wait_until(lambda: self.probe.background() == PLAIN_COLOR, "the covering window")
+        # A press on what can still be seen of the widget must not raise it.
+        self.probe.click((20, 160))
+        self.session.move_pointer(0, 0)
+        self.session.settle()
+        self.assertEqual(self.probe.background(), PLAIN_COLOR)
+
+    def test_click_leaves_the_keyboard_where_it_is(self):
+        self.probe.start_widgets()
+        self.session.open_plain_window(20, 20, 200, 100)
+        owner = wait_until(self.session.active_window, "a window with the keyboard")
+        self.probe.click(BUTTON)
+        wait_until(lambda: self.probe.requests("intent/perform"), "the press to arrive")
+        self.assertEqual(self.session.active_window(), owner)
+
+    def test_corners_show_what_is_behind(self):
+        self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        x, y, width, height = self.session.geometry_of(self.probe.window())
+        screen = self.session.screenshot()
+        for corner in ((x, y), (x + width - 1, y), (x, y + height - 1),
+                       (x + width - 1, y + height - 1)):
+            self.assertEqual(screen.pixel(*corner), WALLPAPER)
+
+    def size(self):
+        return self.session.geometry_of(self.probe.window())[2:]
+
+    def open_menu(self):
+        self.probe.click(BESIDE_ALL, button=3)
+        self.session.settle()
+
+
+class PressTest(WindowTest):
+    def test_press_on_a_button_performs_its_intent_and_asks_for_new_content(self):
+        self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        self.probe.set_color(1, 0.5, 0)
+        self.probe.click(BUTTON)
+        self.wait_for_background(ORANGE)
+        self.assertEqual(self.probe.requests("intent/perform"), [{"intent": {
+            "name": "Press", "parameters": {"id": "a/b", "count": 3, "on": True}}}])
+
+    def test_press_on_a_toggle_performs_its_intent(self):
+        self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        self.probe.click(TOGGLE)
+        wait_until(lambda: self.probe.requests("intent/perform"), "the press to arrive")
+        self.assertEqual(self.probe.requests("intent/perform"),
+                         [{"intent": {"name": "Flip", "parameters": {"value": False}}}])
+
+    def test_url_that_an_action_opens_reaches_the_registered_program(self):
+        self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        self.probe.click(BUTTON)
+        wait_until(lambda: self.session.opened_urls() == ["probe://performed/Press"],
+                   "the address to be opened")
+
+    def test_press_on_a_link_opens_it_and_performs_nothing(self):
+        self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        self.probe.click(LINK)
+        wait_until(lambda: self.session.opened_urls() == ["probe://linked"],
+                   "the link to be opened")
+        self.assertEqual(self.probe.requests("intent/perform"), [])
+
+    def test_press_beside_every_action_opens_the_widgets_own_link_if_it_has_one(self):
+        self.probe.start_widgets("--add", "Probe:small")
+        self.wait_for_background(BLUE)
+        self.probe.click(BESIDE_ALL)
+        wait_until(lambda: self.session.opened_urls() == ["probe://whole"],
+                   "the widget's link to be opened")
+
+    def test_release_outside_the_pressed_field_does_nothing(self):
+        self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        x, y = self.probe.place()
+        # Across the button's right edge, not far enough for a drag.
+        self.session.drag((x + 54, y + 36), (x + 59, y + 36))
+        self.probe.click(LINK)
+        wait_until(self.session.opened_urls, "the later press to arrive")
+        self.assertEqual(self.probe.requests("intent/perform"), [])
+
+
+class PlaceTest(WindowTest):
+    def drag_by(self, right, down):
+        x, y = self.probe.place()
+        start = (x + BESIDE_ALL[0], y + BESIDE_ALL[1])
+        self.session.drag(start, (start[0] + right, start[1] + down))
+
+    def restart(self, process, *arguments):
+        self.assertEqual(self.session.processes.end(process), 0)
+        return self.probe.start_widgets(*arguments)
+
+    def test_first_start_shows_one_widget_of_every_kind(self):
+        self.probe.start_widgets()
+        self.assertEqual(self.session.geometry_of(self.probe.window()),
+                         (SCREEN_SIZE[0] - 16 - 364, 16, 364, 382))
+
+    def test_dragged_widget_lands_on_the_grid(self):
+        self.probe.start_widgets()
+        x, y = self.probe.place()
+        self.drag_by(-301, 99)
+        wait_until(lambda: self.probe.place() != (x, y), "the widget to move")
+        self.assertEqual(self.probe.place(), (600, 112))
+
+    def test_drag_that_begins_on_a_button_does_not_press_it(self):
+        self.probe.start_widgets()
+        x, y = self.probe.place()
+        self.session.drag((x + BUTTON[0], y + BUTTON[1]), (x - 200, y + 100))
+        wait_until(lambda: self.probe.place() != (x, y), "the widget to move")
+        self.probe.click(TOGGLE)
+        wait_until(lambda: self.probe.requests("intent/perform"), "the later press to arrive")
+        self.assertEqual([request["intent"]["name"]
+                          for request in self.probe.requests("intent/perform")], ["Flip"])
+
+    def test_widget_is_found_at_its_place_after_a_restart(self):
+        process = self.probe.start_widgets()
+        self.drag_by(-420, 200)
+        wait_until(lambda: self.probe.place() == (480, 216), "the widget to move")
+        self.restart(process)
+        self.assertEqual(self.probe.place(), (480, 216))
+
+    def test_place_survives_a_program_that_was_killed(self):
+        process = self.probe.start_widgets()
+        self.drag_by(-420, 200)
+        wait_until(lambda: self.probe.place() == (480, 216), "the widget to move")
+        self.session.settle()
+        self.session.processes.end(process, signal.SIGKILL)
+        self.probe.start_widgets()
+        self.assertEqual(self.probe.place(), (480, 216))
+
+    def test_widget_dropped_beyond_the_edge_comes_back_into_view(self):
+        self.probe.start_widgets()
+        self.drag_by(150, 0)
+        wait_until(lambda: self.probe.place() == (SCREEN_SIZE[0] - 364, 16),
+                   "the widget to be at the edge")
+
+    def test_several_widgets_are_all_found_again(self):
+        process = self.probe.start_widgets("--add", "Probe:small", "--add", "Probe:medium")
+        two = sorted(map(self.session.geometry_of, self.session.windows_named("Probe")))
+        self.assertEqual(len(two), 2)
+        self.restart(process)
+        wait_until(lambda: len(self.session.windows_named("Probe")) == 2, "both windows")
+        self.assertEqual(
+            sorted(map(self.session.geometry_of, self.session.windows_named("Probe"))), two)
+
+    def test_damaged_arrangement_is_set_aside_and_said(self):
+        self.session.write_in_home(ARRANGEMENT, '{"version": 1, "widg')
+        self.probe.start_widgets()
+        with open(self.session.path_in_home(ARRANGEMENT + ".damaged"), encoding="utf-8") as file:
+            self.assertEqual(file.read(), '{"version": 1, "widg')
+        self.assertIn("arrangement.json.damaged",
+                      self.session.processes.log_of("kelmar-widgets"))
+
+    def test_removed_widget_stays_away(self):
+        process = self.probe.start_widgets("--add", "Probe:small", "--add", "Probe:medium")
+        small = next(window for window in self.session.windows_named("Probe")
+                     if self.session.geometry_of(window)[2] == 170)
+        x, y = self.session.geometry_of(small)[:2]
+        self.session.click(x + 100, y + 120, button=3)
+        self.session.settle()
+        # Past the three sizes.
+        self.session.press_keys("Down", "Down", "Down", "Down", "Return")
+        wait_until(lambda: len(self.session.windows_named("Probe")) == 1, "the removal")
+        self.restart(process)
+        self.session.settle()
+        self.assertEqual([self.session.geometry_of(window)[2:]
+                          for window in self.session.windows_named("Probe")], [(364, 170)])
+
+
+class ExtensionTest(WindowTest):
+    def test_changed_file_shows_new_content(self):
+        self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        self.probe.set_color(1, 0.5, 0)
+        self.probe.tell_of_change()
+        self.wait_for_background(ORANGE)
+
+    def test_killed_extension_comes_back_when_it_is_needed(self):
+        self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        killed = self.probe.process_id()
+        try:
+            os.kill(killed, signal.SIGKILL)
+        except ProcessLookupError:
+            pass  # It had been sent away already, being idle.
+        self.probe.set_color(1, 0.5, 0)
+        self.probe.tell_of_change()
+        self.wait_for_background(ORANGE)
+        self.assertNotEqual(self.probe.process_id(), killed)
+
+    def test_last_content_stays_while_the_extension_cannot_be_started(self):
+        self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        program = os.path.join(self.probe.folder, "probe-extension")
+        os.rename(program, program + ".away")
+        try:
+            os.kill(self.probe.process_id(), signal.SIGKILL)
+        except ProcessLookupError:
+            pass
+        self.probe.tell_of_change()
+        wait_until(lambda: "probe-extension" in self.session.processes.log_of("kelmar-widgets"),
+                   "a line in the log")
+        self.assertEqual(self.probe.background(), BLUE)
+
+    def test_idle_extension_is_sent_away_and_called_again(self):
+        process = self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        wait_until(lambda: not children_of(process.pid), "the extension to go", 20)
+        self.probe.set_color(1, 0.5, 0)
+        self.probe.tell_of_change()
+        self.wait_for_background(ORANGE)
+
+
+class SurroundingsTest(WindowTest):
+    def test_program_ends_cleanly_when_told_to(self):
+        for ending in (signal.SIGTERM, signal.SIGINT):
+            with self.subTest(ending=ending.name):
+                process = self.probe.start_widgets()
+                self.assertEqual(self.session.processes.end(process, ending), 0)
+
+    def test_desktop_without_session_bus_and_compositor_says_so_once_and_works(self):
+        del self.session.environment["DBUS_SESSION_BUS_ADDRESS"]
+        process = self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        log = self.session.processes.log_of("kelmar-widgets").splitlines()
+        self.assertEqual(sum("session bus" in line for line in log), 1, log)
+        self.assertEqual(sum("compositor" in line for line in log), 1, log)
+        self.assertIsNone(process.poll())
+
+    def test_missing_key_file_ends_the_program_with_a_line_that_names_it(self):
+        self.probe.key_file += ".none"
+        process = self.session.processes.start(
+            "kelmar-widgets", self.probe.command(), self.session.environment)
+        self.assertEqual(process.wait(20), 1)
+        self.assertIn("probe.extension.none", self.session.processes.log_of("kelmar-widgets"))
+
+    def test_idle_desktop_sleeps(self):
+        process = self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        wait_until(lambda: not children_of(process.pid), "the extension to go", 20)
+        # What the extension's end leaves behind, such as a timer that would have killed it, passes.
+        time.sleep(3)
+        before = context_switches(process.pid)
+        time.sleep(3)
+        self.assertEqual(context_switches(process.pid), before)
+
+
+if __name__ == "__main__":
+    unittest.main()
