@@ -13,11 +13,34 @@
 namespace kelmar::paint {
 namespace {
 
-/// A painter moves its text and strokes by whole points only when told so by their centres.
+/// How far the last shape moved when it was put on whole pixels, told by its centres.
 struct Anchor {
     QPointF exact;    ///< The centre of a shape as laid out.
     QPointF snapped;  ///< The same centre once the shape lies on whole pixels.
 };
+
+/// Runs drawing on a transparent layer of its own and lays that over what the painter has.
+template <class Draw>
+void drawOnLayer(QPainter& painter, const QRect& bounds, Draw draw) {
+    const QRect device(0, 0, painter.device()->width(), painter.device()->height());
+    const QRect area = bounds & device;
+    if (area.isEmpty()) {
+        return;
+    }
+    QImage layer(area.size(), QImage::Format_ARGB32_Premultiplied);
+    layer.fill(Qt::transparent);
+    QPainter layerPainter(&layer);
+    layerPainter.setRenderHints(painter.renderHints());
+    layerPainter.setLayoutDirection(painter.layoutDirection());
+    layerPainter.setTransform(painter.transform() *
+                              QTransform::fromTranslate(-area.x(), -area.y()));
+    draw(layerPainter);
+    layerPainter.end();
+    painter.save();
+    painter.resetTransform();
+    painter.drawImage(area.topLeft(), layer);
+    painter.restore();
+}
 
 bool isCutOut(const layout::PlacedBox& box) {
     const auto* symbol = std::get_if<layout::SymbolDrawing>(&box.drawing);
@@ -38,7 +61,7 @@ public:
         canvas_.painter.setOpacity(std::clamp(box.opacity, 0.0, 1.0));
         std::visit(kit::Match{
                        [](std::monostate) {},
-                       [&](const layout::TextDrawing& text) { drawText(canvas_, box.rect, text); },
+                       [&](const layout::TextDrawing& text) { drawLines(box.rect, text); },
                        [&](const layout::SymbolDrawing& symbol) { drawSymbol(box.rect, symbol); },
                        [&](const layout::ShapeDrawing& shape) {
                            drawShape(canvas_, box.rect, shape.shape);
@@ -55,6 +78,21 @@ public:
     }
 
 private:
+    void drawLines(const layout::Rect& rect, const layout::TextDrawing& text) {
+        if (!text.strikethrough || canvas_.painter.opacity() == 1) {
+            drawText(canvas_, rect, text);
+            return;
+        }
+        // Letters and the line through them fade as one; where they cross they must not show twice.
+        const QRectF place = canvas_.painter.transform().mapRect(canvas_.grid.exact(rect));
+        const auto overhang = static_cast<int>(std::ceil(canvas_.grid.length(text.font.size)));
+        const QRect bounds =
+            place.toAlignedRect().adjusted(-overhang, -overhang, overhang, overhang);
+        drawOnLayer(canvas_.painter, bounds, [&](QPainter& layer) {
+            drawText({layer, canvas_.context, canvas_.grid, canvas_.palette}, rect, text);
+        });
+    }
+
     void anchorTo(const layout::Rect& rect) {
         anchor_ = {canvas_.grid.exact(rect).center(), canvas_.grid.snapped(rect).center()};
     }
@@ -122,27 +160,13 @@ void drawAll(QPainter& painter, const layout::PlacedBoxes& boxes, const PaintCon
     painter.restore();
 }
 
-/// Cutting out must not reach what was there before, so the boxes come together on a layer first.
-void drawAllOnLayer(QPainter& painter, const layout::PlacedBoxes& boxes,
-                    const PaintContext& context) {
-    QImage layer(painter.device()->width(), painter.device()->height(),
-                 QImage::Format_ARGB32_Premultiplied);
-    layer.fill(Qt::transparent);
-    QPainter layerPainter(&layer);
-    layerPainter.setTransform(painter.transform());
-    drawAll(layerPainter, boxes, context);
-    layerPainter.end();
-    painter.save();
-    painter.resetTransform();
-    painter.drawImage(QPointF(0, 0), layer);
-    painter.restore();
-}
-
 }  // namespace
 
 void paintBoxes(QPainter& painter, const layout::PlacedBoxes& boxes, const PaintContext& context) {
     if (std::ranges::any_of(boxes, isCutOut)) {
-        drawAllOnLayer(painter, boxes, context);
+        // Cutting out must not reach what was there before.
+        const QRect everything(0, 0, painter.device()->width(), painter.device()->height());
+        drawOnLayer(painter, everything, [&](QPainter& layer) { drawAll(layer, boxes, context); });
     } else {
         drawAll(painter, boxes, context);
     }

@@ -36,9 +36,11 @@ qsizetype stretchLength(const QString& text, qsizetype start) {
     return end - start;
 }
 
-QString cacheKey(const QString& text, const kit::Font& font) {
-    const int face = static_cast<int>(font.weight) * 2 + static_cast<int>(font.design);
-    return QChar(u'a' + face) + text;
+enum class CachedWidth { text, digitCell };
+
+QString cacheKey(CachedWidth kind, const QString& text, const kit::Font& font) {
+    const QChar face(static_cast<int>(font.weight) * 2 + static_cast<int>(font.design));
+    return QChar(static_cast<int>(kind)) + (face + text);
 }
 
 }  // namespace
@@ -76,29 +78,39 @@ std::vector<TextPiece> QtTextMeasurer::pieces(const QString& text, const kit::Fo
     return pieces;
 }
 
-double QtTextMeasurer::digitCell(QChar digit, const kit::Font& font) const {
-    const int zero = digit.unicode() - digit.digitValue();
-    double widest = 0;
-    for (int value = 0; value <= 9; ++value) {
-        widest = std::max(widest, widthPerPoint(QChar(zero + value), font));
+template <class Measure>
+double QtTextMeasurer::cached(const QString& key, Measure measure) const {
+    if (const double* known = widths_.object(key)) {
+        return *known;
     }
-    return widest;
+    const double width = measure();
+    widths_.insert(key, new double(width), key.size());
+    return width;
+}
+
+double QtTextMeasurer::digitCell(QChar digit, const kit::Font& font) const {
+    const QChar zero(digit.unicode() - digit.digitValue());
+    return cached(cacheKey(CachedWidth::digitCell, zero, font), [&] {
+        const QFontMetricsF metrics(fonts_.font(font, referenceSize));
+        double widest = metrics.horizontalAdvance(zero);
+        for (int value = 1; value <= 9; ++value) {
+            const QString text = QChar(zero.unicode() + value);
+            widest = std::max(widest, metrics.tightBoundingRect(text).width());
+        }
+        return widest / referenceSize;
+    });
 }
 
 double QtTextMeasurer::widthPerPoint(const QString& text, const kit::Font& font) const {
     if (text.isEmpty()) {
         return 0;
     }
-    const QString key = cacheKey(text, font);
-    if (const double* known = widths_.object(key)) {
-        return *known;
-    }
-    QTextOption option;
-    option.setUseDesignMetrics(true);
-    const QFontMetricsF metrics(fonts_.font(font, referenceSize));
-    const double width = metrics.horizontalAdvance(text, option) / referenceSize;
-    widths_.insert(key, new double(width), key.size());
-    return width;
+    return cached(cacheKey(CachedWidth::text, text, font), [&] {
+        QTextOption option;
+        option.setUseDesignMetrics(true);
+        const QFontMetricsF metrics(fonts_.font(font, referenceSize));
+        return metrics.horizontalAdvance(text, option) / referenceSize;
+    });
 }
 
 }  // namespace kelmar::paint

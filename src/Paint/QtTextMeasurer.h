@@ -27,9 +27,10 @@ public:
 
     [[nodiscard]] double width(std::string_view text, const kit::Font& font) const override;
 
-    /// The line as it is to be drawn. One piece, except that monospaced digits stand each in a
-    /// cell as wide as the widest digit. Text that runs from right to left stays in one piece
-    /// because pieces side by side would lose its order.
+    /// The line as it is to be drawn. One piece, except that monospaced digits stand each in the
+    /// middle of a cell: as wide as a zero, or as the broadest digit's ink where that is more. Text
+    /// that runs from right to left stays in one piece because pieces side by side would lose its
+    /// order.
     [[nodiscard]] std::vector<TextPiece> pieces(const QString& text, const kit::Font& font) const;
 
     [[nodiscard]] const FontSet& fonts() const { return fonts_; }
@@ -37,6 +38,8 @@ public:
 private:
     [[nodiscard]] double widthPerPoint(const QString& text, const kit::Font& font) const;
     [[nodiscard]] double digitCell(QChar digit, const kit::Font& font) const;
+    template <class Measure>
+    [[nodiscard]] double cached(const QString& key, Measure measure) const;
 
     FontSet fonts_;
     /// Widths for a size of 1 by font and text; the least used are forgotten.

@@ -86,6 +86,19 @@ RC_GTEST_PROP(Palette, EveryAccentStaysReadable, ()) {
     RC_ASSERT(contrastOnCard(palette, indigo) >= readable);
 }
 
+TEST(Palette, TintedModesKeepAButtonsLabelReadableOnItsSoftFill) {
+    for (const Appearance& appearance : allAppearances()) {
+        if (appearance.renderingMode == RenderingMode::fullColor) {
+            continue;
+        }
+        SCOPED_TRACE(described(appearance));
+        const Palette palette(appearance);
+        const QColor card = composited(palette.background(kit::tertiaryFill), Qt::gray);
+        const QColor button = composited(palette.color(indigo.withOpacity(0.15)), card);
+        EXPECT_GE(contrast(palette.color(indigo), button), 4.5);
+    }
+}
+
 RC_GTEST_PROP(Palette, EveryFixedColourStaysReadableInVibrantMode, ()) {
     const auto component = [] { return *rc::gen::inRange(0, 256) / 255.0; };
     const Palette palette({*rc::gen::elementOf(schemes), RenderingMode::vibrant, QColor()});
@@ -102,7 +115,7 @@ TEST(Palette, FullColourKeepsFixedColoursAsNamed) {
 }
 
 TEST(Palette, AccentedModeGivesEveryFixedColourTheAccent) {
-    const QColor accent(0x1f, 0x5f, 0xa8);
+    const QColor accent(0x1f, 0x4f, 0x98);
     const Palette palette({Scheme::light, RenderingMode::accented, accent});
     EXPECT_EQ(palette.color(indigo).rgba(), accent.rgba());
     EXPECT_EQ(palette.color(orange).rgba(), accent.rgba());

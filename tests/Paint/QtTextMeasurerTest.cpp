@@ -1,3 +1,4 @@
+#include <QFontMetricsF>
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 #include <rapidcheck/gtest.h>
@@ -58,16 +59,29 @@ TEST(QtTextMeasurer, ProportionalDigitsKeepTheirOwnWidths) {
     EXPECT_LT(widths.width("1111", plain), widths.width("0000", plain));
 }
 
-TEST(QtTextMeasurer, MonospacedDigitsStandCentredInCellsOfTheWidest) {
+TEST(QtTextMeasurer, MonospacedDigitsStandCentredInCellsOfAZero) {
     const QtTextMeasurer widths = measurer();
     const kit::Font font = plain.monospacedDigits();
     const std::vector<TextPiece> pieces = widths.pieces(QStringLiteral("1:0"), font);
     ASSERT_EQ(pieces.size(), 3U);
     EXPECT_GT(pieces[0].x, 0);
     EXPECT_EQ(pieces[0].width, pieces[2].width);
+    EXPECT_NEAR(pieces[2].width, widths.width("0", plain), 1e-9);
     EXPECT_NEAR(pieces[1].x, pieces[0].width, 1e-9);
     EXPECT_NEAR(pieces[0].width + pieces[1].width + pieces[2].width, widths.width("1:0", font),
                 1e-9);
+}
+
+TEST(QtTextMeasurer, NoDigitsInkIsWiderThanItsCell) {
+    // The four of Quicksand is much broader than its zero, but most of that is room beside it.
+    const QtTextMeasurer widths = measurer();
+    const kit::Font font = kit::Font::system(100, kit::FontWeight::bold).rounded();
+    const double cell = widths.pieces(QStringLiteral("0"), font.monospacedDigits()).front().width;
+    EXPECT_LT(cell, widths.width("4", font));
+    const QFontMetricsF metrics(widths.fonts().font(font, 100));
+    for (char digit = '0'; digit <= '9'; ++digit) {
+        EXPECT_LE(metrics.tightBoundingRect(QString(QChar::fromLatin1(digit))).width(), cell);
+    }
 }
 
 TEST(QtTextMeasurer, TextFromRightToLeftStaysInOnePiece) {

@@ -94,6 +94,19 @@ TEST_F(TextPaintingTest, AStruckLineRunsThroughBlanksInTheTextsColour) {
     }
 }
 
+TEST_F(TextPaintingTest, AFadedStruckLineFadesAsOne) {
+    layout::PlacedBox line = textBox({4, 4}, "Hall", kit::Font::system(20), resources_);
+    std::get<layout::TextDrawing>(line.drawing).strikethrough = true;
+    const QImage solid = painted({line}, context(), wide);
+    line.opacity = 0.45;
+    const QImage faded = painted({line}, context(), wide);
+    for (int y = 0; y < solid.height(); ++y) {
+        for (int x = 0; x < solid.width(); ++x) {
+            EXPECT_NEAR(faded.pixelColor(x, y).alpha(), 0.45 * solid.pixelColor(x, y).alpha(), 2);
+        }
+    }
+}
+
 TEST_F(TextPaintingTest, TextFromRightToLeftStartsAtTheRight) {
     // Broad letters at one end, a mere tick at the other.
     const auto heavySide = [&](const std::string& text) {
