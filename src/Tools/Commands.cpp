@@ -190,8 +190,8 @@ const widget::BundledWidget& widgetOf(const Stage& stage, const Options& options
     const widget::BundledWidget* widget = stage.widgets().widget(options.kind);
     if (widget == nullptr) {
         std::string known;
-        for (const auto& descriptor : stage.widgets().bundle().widgets) {
-            known += (known.empty() ? "" : ", ") + descriptor.kind;
+        for (const widget::BundledWidget& each : stage.widgets().widgets()) {
+            known += (known.empty() ? "" : ", ") + each.descriptor.kind;
         }
         throw UsageError(
             fmt::format("there is no widget \"{}\"; there are {}", options.kind, known));
@@ -205,7 +205,7 @@ const widget::BundledWidget& widgetOf(const Stage& stage, const Options& options
 
 int listBundle(const Options& options) {
     const Stage stage(options);
-    const kit::Bundle bundle = stage.widgets().bundle();
+    const kit::Bundle bundle = stage.widgets().bundle(options.systemVersion);
     if (options.json) {
         printJson(bundleJson(bundle));
         return 0;

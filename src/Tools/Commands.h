@@ -15,6 +15,12 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// A command could not do what it was asked: one line for standard error.
+class CommandError final : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
 /// The place that a widget is drawn for.
 [[nodiscard]] kit::Environment environmentOf(const Options& options);
 /// The widget that the options name, in a family that it has.
@@ -29,5 +35,6 @@ int performAction(const Options& options);
 int checkSnapshot(const Options& options);
 
 int renderPicture(const Options& options);
+int drawGallery(const Options& options);
 
 }  // namespace kelmar::tools

@@ -1,6 +1,7 @@
 #include "Tools/Stage.h"
 
-#include <glib.h>
+#include <QCoreApplication>
+#include <QEventLoop>
 
 #include "Host/GioUrlOpener.h"
 #include "Shared/PlannerFiles.h"
@@ -10,18 +11,21 @@ namespace kelmar::tools {
 
 namespace {
 
+/// Completions come through Qt's event loop, which runs here for as long as a request is under way.
 class DesktopAppLink final : public widget::AppLink {
 public:
     void open(const std::string& url, widget::Completion completed) override {
-        bool isCompleted = false;
-        opener_.open(url, {}, [&](const std::string& /*error*/) { isCompleted = true; });
-        while (!isCompleted) {
-            g_main_context_iteration(nullptr, TRUE);
-        }
+        QEventLoop loop;
+        opener_.open(url, {}, [&](const std::string& /*error*/) { loop.quit(); });
+        loop.exec();
         completed();
     }
 
 private:
+    int argumentCount_ = 1;
+    char name_[17] = "kelmar-widgetctl";     // NOLINT: Qt wants it writable
+    char* arguments_[2] = {name_, nullptr};  // NOLINT
+    QCoreApplication application_{argumentCount_, arguments_};
     host::GioUrlOpener opener_;
 };
 

@@ -47,6 +47,10 @@ void addCommands(CLI::App& program, Options& options, Command& chosen) {
     addKind(render, options);
     addOutput(render, options);
 
+    addOutput(addCommand(program, "gallery", "Every widget in every family, mode and scheme",
+                         drawGallery, chosen),
+              options);
+
     CLI::App& perform =
         addCommand(program, "perform", "Runs an action of a widget", performAction, chosen);
     perform.add_option("INTENT", options.intent, "Name of the action")->required();
@@ -81,5 +85,8 @@ int main(int argc, char** argv) {
     } catch (const UsageError& error) {
         std::cerr << "kelmar-widgetctl: " << error.what() << '\n';
         return usageStatus;
+    } catch (const CommandError& error) {
+        std::cerr << "kelmar-widgetctl: " << error.what() << '\n';
+        return failedStatus;
     }
 }

@@ -1,0 +1,121 @@
+#include "tests/WholeWidgets/GoldenCase.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "Kit/Archive.h"
+#include "Kit/Metrics.h"
+#include "Paint/WidgetPicture.h"
+#include "Shared/PlannerFiles.h"
+#include "System/JsonWriter.h"
+#include "System/Localization.h"
+#include "Widget/PlannerWidgets.h"
+#include "tests/Support/GoldenPicture.h"
+#include "tests/Support/MemoryFolder.h"
+#include "tests/Support/TestSurroundings.h"
+
+namespace kelmar::testing {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string contentOf(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream content;
+    content << file.rdbuf();
+    return content.str();
+}
+
+/// The surroundings of a case, with the real catalogues for its language.
+class Scene {
+public:
+    explicit Scene(const GoldenCase& goldenCase)
+        : test_(goldenCase.locale),
+          localization_(goldenCase.locale, KELMAR_CATALOGUES),
+          surroundings_{.clock = test_.clock,
+                        .calendar = *test_.calendar,
+                        .localeTexts = test_.localeTexts,
+                        .localization = localization_,
+                        .plannerFolder = test_.plannerFolder,
+                        .tickedFolder = test_.tickedFolder,
+                        .appLink = test_.appLink} {
+        test_.clock.set(system::Date::since1970(goldenCase.now));
+        if (!goldenCase.input.empty()) {
+            test_.plannerFolder.put(
+                shared::snapshotName,
+                contentOf(fs::path(KELMAR_GOLDEN) / "input" / (goldenCase.input + ".json")));
+        }
+        if (goldenCase.tick) {
+            EXPECT_TRUE(shared::WidgetTicks(test_.tickedFolder)
+                            .write(goldenCase.tick->id, goldenCase.tick->note));
+        }
+    }
+
+    [[nodiscard]] kit::DrawnEntry drawn(const GoldenCase& goldenCase, kit::Family family) const {
+        const widget::PlannerWidgets widgets(surroundings_);
+        return widgets.widget(goldenCase.kind)
+            ->timeline()
+            .entries.front()
+            .draw({.family = family,
+                   .contentSize = kit::contentSize(family),
+                   .renderingMode = goldenCase.mode});
+    }
+
+    [[nodiscard]] layout::Direction direction() const {
+        return test_.localeTexts.isRightToLeft() ? layout::Direction::rightToLeft
+                                                 : layout::Direction::leftToRight;
+    }
+
+private:
+    TestSurroundings test_;
+    system::GettextLocalization localization_;
+    widget::Surroundings surroundings_;
+};
+
+void expectSameArchive(const kit::DrawnEntry& entry, const std::string& name) {
+    const fs::path expected = fs::path(KELMAR_GOLDEN) / "expected" / (name + ".json");
+    const std::string archive = system::prettyPrinted(kit::encodeDrawnEntry(entry)) + '\n';
+    if (std::getenv("KELMAR_REBASELINE") != nullptr) {  // NOLINT(concurrency-mt-unsafe)
+        fs::create_directories(expected.parent_path());
+        std::ofstream(expected, std::ios::binary) << archive;
+    }
+    ASSERT_TRUE(fs::exists(expected)) << expected;
+    EXPECT_EQ(archive, contentOf(expected)) << expected;
+}
+
+}  // namespace
+
+void PrintTo(const GoldenCase& goldenCase, std::ostream* stream) {
+    *stream << goldenCase.name;
+}
+
+std::string nameOf(const ::testing::TestParamInfo<GoldenCase>& info) {
+    std::string name = info.param.name;
+    std::ranges::replace(name, '-', '_');
+    return name;
+}
+
+void expectLooksAsBefore(const GoldenCase& goldenCase) {
+    // Pinned, so that pictures come out the same wherever the tests run.
+    const paint::PaintResources resources{paint::FontSet("Inter", "Quicksand")};
+    const Scene scene(goldenCase);
+    for (const kit::Family family : goldenCase.families) {
+        const std::string name =
+            goldenCase.kind + '/' + goldenCase.name + '-' + std::string(kit::nameOf(family));
+        const kit::DrawnEntry entry = scene.drawn(goldenCase, family);
+        expectSameArchive(entry, name);
+        const paint::WidgetPicture picture(entry, family, scene.direction(), resources);
+        const paint::PaintStyle style{.appearance = {.scheme = goldenCase.scheme,
+                                                     .renderingMode = goldenCase.mode,
+                                                     .accent = {}},
+                                      .scale = goldenCase.scale};
+        EXPECT_TRUE(
+            looksAsExpected(picture.image(style, system::Date::since1970(goldenCase.now)), name));
+    }
+}
+
+}  // namespace kelmar::testing
