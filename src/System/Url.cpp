@@ -61,6 +61,9 @@ bool hasOnlyUrlCharacters(std::string_view url) {
 }  // namespace
 
 std::string encodeUrlPath(std::string_view text, Slash slash) {
+    // GLib wants an address even of no bytes, which an empty view need not have.
+    if (text.empty())
+        return {};
     const char* const kept = slash == Slash::kept ? "!$&'()*+,=:@/" : "!$&'()*+,=:@";
     const GText encoded(
         g_uri_escape_bytes(reinterpret_cast<const guint8*>(text.data()), text.size(), kept),

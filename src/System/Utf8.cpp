@@ -5,6 +5,8 @@
 namespace kelmar::system {
 
 std::optional<std::size_t> findInvalidUtf8(std::string_view text) {
+    if (text.empty())
+        return std::nullopt;
     const char* const end = text.data() + text.size();
     const char* next = text.data();
     while (g_utf8_validate_len(next, static_cast<gsize>(end - next), &next) == FALSE) {
