@@ -71,11 +71,34 @@ private:
             launch.ended(fmt::format("no application is registered to open {}: URLs", scheme));
             return;
         }
+        holdBus();
         auto& kept = launches_.emplace_back(std::move(launch));
         GList urls{.data = kept.url.data(), .next = nullptr, .prev = nullptr};
-        const auto context = makeLaunchContext(kept.token);
+        const auto context = contextFor(handler.get(), kept.token);
         g_app_info_launch_uris_async(handler.get(), &urls, context.get(), cancellable_.get(),
                                      finish, &kept);
+    }
+
+    /// A context without a token is nothing to an application on the bus but, in GLib 2.74, a
+    /// complaint when that cannot be reached.
+    [[nodiscard]] GlibOwned<GAppLaunchContext> contextFor(GAppInfo* handler,
+                                                          const std::string& token) const {
+        const bool isOnBus =
+            bus_ && G_IS_DESKTOP_APP_INFO(handler) &&
+            g_desktop_app_info_get_boolean(G_DESKTOP_APP_INFO(handler), "DBusActivatable") != 0;
+        return isOnBus && token.empty() ? nullptr : makeLaunchContext(token);
+    }
+
+    /// GIO speaks to some handlers over the session bus. The connection belongs to the whole
+    /// process, which GLib would end together with the bus.
+    void holdBus() {
+        if (!bus_ || g_dbus_connection_is_closed(bus_.get()) != 0) {
+            bus_.reset();
+            bus_.reset(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable_.get(), nullptr));
+        }
+        if (bus_) {
+            g_dbus_connection_set_exit_on_close(bus_.get(), FALSE);
+        }
     }
 
     static void finish(GObject* source, GAsyncResult* result, void* data) {
@@ -89,6 +112,7 @@ private:
     GlibOwned<GMainContext> context_;
     GlibOwned<GMainLoop> loop_;
     GlibOwned<GCancellable> cancellable_;
+    GlibOwned<GDBusConnection> bus_;
     std::list<Launch> launches_;  ///< Where GIO finds them again.
     std::thread thread_;
 };

@@ -6,6 +6,7 @@
 // GIO has a member of this name, which Qt makes a keyword.
 #pragma push_macro("signals")
 #undef signals
+#include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 #pragma pop_macro("signals")
 
@@ -20,6 +21,7 @@ struct GlibRelease {
     void operator()(GMainLoop* loop) const { g_main_loop_unref(loop); }
     void operator()(GAppInfo* object) const { g_object_unref(object); }
     void operator()(GAppLaunchContext* object) const { g_object_unref(object); }
+    void operator()(GDBusConnection* object) const { g_object_unref(object); }
     void operator()(GCancellable* object) const { g_object_unref(object); }
 };
 

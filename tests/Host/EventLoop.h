@@ -7,8 +7,8 @@
 
 namespace kelmar::host {
 
-/// Runs the event loop until something holds; false when it does not for so long that it will not
-/// any more.
+/// Runs the event loop until something holds, be it about files that nobody tells of; false when
+/// it does not for so long that it will not any more.
 template <class Condition>
 [[nodiscard]] bool waitUntil(const Condition& holds,
                              std::chrono::milliseconds patience = std::chrono::seconds(30)) {
@@ -17,6 +17,8 @@ template <class Condition>
     guard.setSingleShot(true);
     QObject::connect(&guard, &QTimer::timeout, &guard, [&isOver] { isOver = true; });
     guard.start(patience);
+    QTimer look;
+    look.start(std::chrono::milliseconds(5));
     while (!holds() && !isOver) {
         QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
     }

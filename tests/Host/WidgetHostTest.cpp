@@ -373,7 +373,8 @@ TEST_F(WidgetHostTest, OneWidgetThatKillsTheExtensionDoesNotKeepTheOthersFromThe
                 process().answer(index, kit::encodeEntry(entry(0, "placeholder")));
             }
         }
-        for (const auto starts = launcher_.starts(); launcher_.starts() == starts;) {
+        const auto starts = launcher_.starts();
+        for (int seconds = 0; seconds < 300 && launcher_.starts() == starts; ++seconds) {
             timers_.advance(1s);
         }
         introduce();
