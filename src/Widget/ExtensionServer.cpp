@@ -62,14 +62,11 @@ void ExtensionServer::receive(std::string_view line) {
     }
     const auto& request = std::get<kit::Request>(*message);
     std::visit(
-        kit::Match{[&](const kit::InitializeRequest&) {
-                       answer(request.id, kit::encodeBundle(widgets_.bundle()));
+        kit::Match{[&](const kit::InitializeRequest& body) {
+                       answer(request.id, kit::encodeBundle(widgets_.bundle(body.systemVersion)));
                    },
                    [&](const kit::EntryRequest& body) { answer(request.id, result(body)); },
-                   [&](const kit::ControlRequest& body) {
-                       refuse(request.id, kit::ErrorCode::invalidParams,
-                              fmt::format("There is no control \"{}\".", body.controlKind));
-                   },
+                   [&](const kit::ControlRequest& body) { answer(request.id, result(body)); },
                    [&](const kit::PerformRequest& body) { perform(request.id, body.intent); },
                    [&](const kit::OpenRequest&) {
                        refuse(request.id, kit::ErrorCode::methodNotFound,
@@ -115,6 +112,15 @@ system::Result<std::string> ExtensionServer::result(const kit::EntryRequest& req
             return timelineJson(widget->timeline(), environment);
     }
     return system::Failure{"There is no such request."};
+}
+
+system::Result<std::string> ExtensionServer::result(const kit::ControlRequest& request) const {
+    const StudyTimerControl* control = widgets_.control(request.controlKind);
+    if (control == nullptr) {
+        return system::Failure{fmt::format("There is no control \"{}\".", request.controlKind)};
+    }
+    return kit::encodeControlValue(request.isPreview ? control->previewValue()
+                                                     : control->currentValue());
 }
 
 void ExtensionServer::perform(const std::optional<kit::MessageId>& id, const kit::Intent& intent) {

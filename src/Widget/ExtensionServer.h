@@ -48,6 +48,7 @@ private:
     void refuse(const std::optional<kit::MessageId>& id, kit::ErrorCode code,
                 const std::string& message);
     [[nodiscard]] system::Result<std::string> result(const kit::EntryRequest& request) const;
+    [[nodiscard]] system::Result<std::string> result(const kit::ControlRequest& request) const;
 
     const Surroundings& surroundings_;
     HostAppLink& appLink_;

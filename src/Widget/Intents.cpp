@@ -23,27 +23,68 @@ const Value& parameter(const kit::Intent& intent, std::string_view name) {
     return std::get<Value>(found->second);
 }
 
+Action tickOff() {
+    return {
+        .descriptor = {.name = TickOffIntent::name,
+                       .title = "Tick Off",
+                       .parameters = {{"id", ParameterType::string, "Assignment ID"},
+                                      {"name", ParameterType::string, "Title"}},
+                       .isDiscoverable = false},
+        .perform = [](const kit::Intent& intent, const Surroundings& surroundings, Outcome ended) {
+            TickOffIntent{.id = parameter<std::string>(intent, "id"),
+                          .title = parameter<std::string>(intent, "name")}
+                .perform(surroundings, std::move(ended));
+        }};
+}
+
+Action undoTick() {
+    return {
+        .descriptor = {.name = UndoTickIntent::name,
+                       .title = "Undo Tick",
+                       .parameters = {{"id", ParameterType::string, "Assignment ID"}},
+                       .isDiscoverable = false},
+        .perform = [](const kit::Intent& intent, const Surroundings& surroundings, Outcome ended) {
+            UndoTickIntent{.id = parameter<std::string>(intent, "id")}.perform(surroundings,
+                                                                               std::move(ended));
+        }};
+}
+
+Action timerRun() {
+    return {
+        .descriptor = {.name = TimerRunIntent::name,
+                       .title = "Start or Pause the Timer",
+                       .parameters = {{"run", ParameterType::boolean, "Run"}}},
+        .perform = [](const kit::Intent& intent, const Surroundings& surroundings, Outcome ended) {
+            TimerRunIntent{.run = parameter<bool>(intent, "run")}.perform(surroundings,
+                                                                          std::move(ended));
+        }};
+}
+
+Action timerPreset() {
+    return {
+        .descriptor = {.name = TimerPresetIntent::name,
+                       .title = "Start a Timer",
+                       .parameters = {{"minutes", ParameterType::integer, "Minutes"}}},
+        .perform = [](const kit::Intent& intent, const Surroundings& surroundings, Outcome ended) {
+            TimerPresetIntent{.minutes = parameter<std::int64_t>(intent, "minutes")}.perform(
+                surroundings, std::move(ended));
+        }};
+}
+
+Action timerControl() {
+    return {
+        .descriptor = {.name = TimerControlIntent::name,
+                       .title = "Study Timer",
+                       .parameters = {{"value", ParameterType::boolean, "Running"}}},
+        .perform = [](const kit::Intent& intent, const Surroundings& surroundings, Outcome ended) {
+            TimerControlIntent{.value = parameter<bool>(intent, "value")}.perform(surroundings,
+                                                                                  std::move(ended));
+        }};
+}
+
 const std::vector<Action>& actions() {
-    using enum ParameterType;
-    static const std::vector<Action> all{
-        {{.name = TickOffIntent::name,
-          .title = "Tick Off",
-          .parameters = {{"id", string, "Assignment ID"}, {"name", string, "Title"}},
-          .isDiscoverable = false},
-         [](const kit::Intent& intent, const Surroundings& surroundings, Outcome ended) {
-             TickOffIntent{.id = parameter<std::string>(intent, "id"),
-                           .title = parameter<std::string>(intent, "name")}
-                 .perform(surroundings, std::move(ended));
-         }},
-        {{.name = UndoTickIntent::name,
-          .title = "Undo Tick",
-          .parameters = {{"id", string, "Assignment ID"}},
-          .isDiscoverable = false},
-         [](const kit::Intent& intent, const Surroundings& surroundings, Outcome ended) {
-             UndoTickIntent{.id = parameter<std::string>(intent, "id")}.perform(surroundings,
-                                                                                std::move(ended));
-         }},
-    };
+    static const std::vector<Action> all{tickOff(), undoTick(), timerRun(), timerPreset(),
+                                         timerControl()};
     return all;
 }
 

@@ -6,6 +6,7 @@
 #include "Kit/Intent.h"
 #include "Widget/Surroundings.h"
 #include "Widget/TickIntents.h"
+#include "Widget/TimerIntents.h"
 
 namespace kelmar::widget {
 

@@ -5,6 +5,7 @@
 
 #include "Kit/Descriptor.h"
 #include "Widget/BundledWidget.h"
+#include "Widget/StudyTimerControl.h"
 #include "Widget/Surroundings.h"
 
 namespace kelmar::widget {
@@ -15,12 +16,18 @@ class PlannerWidgets {
 public:
     explicit PlannerWidgets(const Surroundings& surroundings);
 
-    [[nodiscard]] kit::Bundle bundle() const;
-    /// Nothing for a kind that is not in the bundle.
+    /// What a host of some version is offered: it knows controls from version 26.0.0 on. A version
+    /// that cannot be read gets none either.
+    [[nodiscard]] kit::Bundle bundle(std::string_view systemVersion) const;
+    [[nodiscard]] const std::vector<BundledWidget>& widgets() const { return widgets_; }
+    /// Nothing for a kind that is no widget's.
     [[nodiscard]] const BundledWidget* widget(std::string_view kind) const;
+    /// Nothing for a kind that is no control's.
+    [[nodiscard]] const StudyTimerControl* control(std::string_view kind) const;
 
 private:
     std::vector<BundledWidget> widgets_;
+    StudyTimerControl control_;
 };
 
 }  // namespace kelmar::widget

@@ -1,16 +1,12 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "Kit/Intent.h"
-#include "System/Result.h"
+#include "Widget/Outcome.h"
 #include "Widget/Surroundings.h"
 
 namespace kelmar::widget {
-
-/// Runs once an action has ended, with what became of it.
-using Outcome = std::function<void(system::Result<system::Done>)>;
 
 /// Ticks an assignment off: records it in the tick journal, then tells the planner. Fails, without
 /// a word to the planner, when the tick cannot be written.

@@ -8,7 +8,7 @@ namespace {
 
 TEST(PlannerWidgets, DueTodayComesFirstWithItsIdentity) {
     const testing::TestSurroundings test;
-    const kit::Bundle bundle = PlannerWidgets(test.surroundings).bundle();
+    const kit::Bundle bundle = PlannerWidgets(test.surroundings).bundle("26.0.0");
     ASSERT_FALSE(bundle.widgets.empty());
     EXPECT_EQ(bundle.widgets[0],
               (kit::WidgetDescriptor{
@@ -21,7 +21,7 @@ TEST(PlannerWidgets, DueTodayComesFirstWithItsIdentity) {
 TEST(PlannerWidgets, AWidgetIsFoundByItsKindOnly) {
     const testing::TestSurroundings test;
     const PlannerWidgets widgets(test.surroundings);
-    for (const kit::WidgetDescriptor& descriptor : widgets.bundle().widgets) {
+    for (const kit::WidgetDescriptor& descriptor : widgets.bundle("26.0.0").widgets) {
         ASSERT_NE(widgets.widget(descriptor.kind), nullptr);
         EXPECT_EQ(widgets.widget(descriptor.kind)->descriptor, descriptor);
     }
