@@ -57,7 +57,11 @@ public:
     }
 
 private:
-    static bool isInRange(UDate milliseconds) { return std::abs(milliseconds) <= 1e15; }
+    /// From about 1200 BC to the year 319,000: what lies beyond comes from a broken file, and some
+    /// of ICU's calendars are wrong there, or walk for minutes from one year to the next.
+    static bool isInRange(UDate milliseconds) {
+        return milliseconds > -1e14 && milliseconds < 1e16;
+    }
 
     [[nodiscard]] bool moveTo(Date date) const {
         const UDate milliseconds = date.secondsSince1970() * 1000;
@@ -80,10 +84,18 @@ private:
 }  // namespace
 
 std::optional<Date> Calendar::startOfNextDay(Date date) const {
-    const std::optional<Date> next = addingDays(startOfDay(date), 1);
-    if (!next)
-        return std::nullopt;
-    return startOfDay(*next);
+    const Date today = startOfDay(date);
+    // Where the clocks go back just after midnight, what is left of the evening comes after the
+    // next day has begun for the first time. Nobody may be told to wait for a moment that is past.
+    for (const int days : {1, 2}) {
+        const std::optional<Date> nextDay = addingDays(today, days);
+        if (!nextDay)
+            return std::nullopt;
+        const Date start = startOfDay(*nextDay);
+        if (start > date)
+            return start;
+    }
+    return std::nullopt;
 }
 
 bool Calendar::isSameDay(Date first, Date second) const {

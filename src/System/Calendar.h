@@ -21,7 +21,9 @@ struct DateComponents {
 };
 
 /// The user's current calendar in the user's time zone. Days are calendar days, never steps of
-/// 86,400 seconds: a day may be 23 or 25 hours long, begin at 1:00, or be missing altogether.
+/// 86,400 seconds: a day may be 23 or 25 hours long, begin at 1:00, or be missing altogether. A
+/// date that is thousands of years away stands outside the calendar: it is its own start of day
+/// and has no components. A calendar belongs to one thread.
 class Calendar {
 public:
     virtual ~Calendar() = default;
@@ -37,7 +39,8 @@ public:
     /// the clocks skip that time.
     [[nodiscard]] virtual Date settingTime(Date date, int hour, int minute) const = 0;
 
-    /// The first instant of the day after the one that holds `date`.
+    /// The first instant of the day after the one that holds `date`, always later than `date`;
+    /// nothing when the calendar cannot produce it.
     [[nodiscard]] std::optional<Date> startOfNextDay(Date date) const;
     [[nodiscard]] bool isSameDay(Date first, Date second) const;
 };

@@ -1,5 +1,6 @@
 #include "System/LocaleTexts.h"
 
+#include <algorithm>
 #include <unicode/dtptngen.h>
 #include <unicode/smpdtfmt.h>
 #include <utility>
@@ -9,6 +10,10 @@
 
 namespace kelmar::system {
 namespace {
+
+/// Some 300,000 years: what lies beyond comes from a broken file, and would cost some of ICU's
+/// calendars minutes.
+constexpr Seconds farthest = 1e13;
 
 template <class Object>
 std::unique_ptr<Object> made(Object* object, UErrorCode status) {
@@ -53,7 +58,7 @@ struct LocaleTexts::Formats {
             format = makeFormat(skeleton);
         icu::UnicodeString text;
         std::string utf8;
-        format->format(date.secondsSince1970() * 1000, text);
+        format->format(std::clamp(date.secondsSince1970(), -farthest, farthest) * 1000, text);
         return text.toUTF8String(utf8);
     }
 };
