@@ -25,8 +25,8 @@ class Child {
 public:
     Child(View view);  // NOLINT(google-explicit-constructor): a modifier reads like its child
     template <class Node>
-    requires(!std::same_as<Node, Child> && !std::same_as<Node, View>) Child(Node node)
-        : Child(View(std::move(node))) {}  // NOLINT(google-explicit-constructor)
+    requires(!std::same_as<Node, Child> && !std::same_as<Node, View>)
+        Child(Node node);  // NOLINT(google-explicit-constructor): likewise
 
     [[nodiscard]] const View& operator*() const { return *view_; }
     [[nodiscard]] const View* operator->() const { return view_.get(); }
@@ -263,6 +263,11 @@ struct View {
 
     bool operator==(const View&) const = default;
 };
+
+// Here rather than in the class, where View is not complete yet.
+template <class Node>
+requires(!std::same_as<Node, Child> && !std::same_as<Node, View>) Child::Child(Node node)
+    : Child(View(std::move(node))) {}
 
 /// Gathers lambdas for an exhaustive std::visit.
 template <class... Cases>

@@ -76,13 +76,13 @@ struct Arranging {
     Arrangement operator()(const kit::Toggle& toggle) const { return same(toggle.child); }
     Arrangement operator()(const kit::Accessible& view) const { return same(view.child); }
 
-    Arrangement inStack(const auto& stack) const {
+    [[nodiscard]] Arrangement inStack(const auto& stack) const {
         return arrangeStack(stack, proposal, precision, measuring);
     }
-    Arrangement modified(const auto& modifier) const {
+    [[nodiscard]] Arrangement modified(const auto& modifier) const {
         return arrangeModified(modifier, proposal, precision, measuring);
     }
-    Arrangement same(const kit::Child& child) const {
+    [[nodiscard]] Arrangement same(const kit::Child& child) const {
         const Measurement measured = measuring.measure(*child, proposal, precision);
         return {.measured = measured,
                 .children = {{.view = &*child, .proposal = proposal, .measured = measured}}};

@@ -93,8 +93,11 @@ Arrangement arrangeModified(const kit::Padding& padding, const Proposal& proposa
 
 Arrangement arrangeModified(const kit::FixedSize& fixed, const Proposal& proposal,
                             Precision precision, Measuring& measuring) {
-    const Proposal offer{fixed.horizontal ? Length::unspecified() : proposal.width,
-                         fixed.vertical ? Length::unspecified() : proposal.height};
+    Proposal offer{fixed.horizontal ? Length::unspecified() : proposal.width,
+                   fixed.vertical ? Length::unspecified() : proposal.height};
+    const Size ideal = measuring.measure(*fixed.child, offer, precision).size;
+    offer = {fixed.horizontal ? Length::definite(ideal.width) : proposal.width,
+             fixed.vertical ? Length::definite(ideal.height) : proposal.height};
     const Measurement child = measuring.measure(*fixed.child, offer, precision);
     return arranged(child.size, {{.view = &*fixed.child, .proposal = offer, .measured = child}});
 }

@@ -13,6 +13,7 @@ namespace kelmar::layout {
                                           Precision precision, Measuring& measuring);
 [[nodiscard]] Arrangement arrangeModified(const kit::Padding& padding, const Proposal& proposal,
                                           Precision precision, Measuring& measuring);
+/// The child is offered the ideal length that it has, so that what fills any room fills that.
 [[nodiscard]] Arrangement arrangeModified(const kit::FixedSize& fixed, const Proposal& proposal,
                                           Precision precision, Measuring& measuring);
 

@@ -78,8 +78,9 @@ private:
 
     [[nodiscard]] std::vector<Length> offers(const Length& length) {
         const std::size_t count = line_.children.size();
+        std::vector<Length> offers(count, length);
         if (!length.isDefinite() || count <= 1) {
-            return std::vector(count, length);
+            return offers;
         }
         std::vector<Flexibility> flexibilities;
         for (std::size_t index = 0; index < count; ++index) {
@@ -90,10 +91,9 @@ private:
                          measure(index, Length::definite(offer), across_, precision_).size);
         };
         const double gaps = line_.spacing * static_cast<double>(count - 1);
-        std::vector<Length> offers;
-        for (const double offer : divide(length.without(gaps).points(0), flexibilities, taken)) {
-            offers.push_back(Length::definite(offer));
-        }
+        std::ranges::transform(divide(length.without(gaps).points(0), flexibilities, taken),
+                               offers.begin(),
+                               [](double offer) { return Length::definite(offer); });
         return offers;
     }
 

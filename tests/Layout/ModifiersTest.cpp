@@ -123,6 +123,17 @@ TEST(FixedSize, KeepsTheIdealLengthOnItsAxesOnly) {
     EXPECT_EQ(sizeOf(kit::FixedSize{.child = text}, {35, 12}), (Size{35, 12}));
 }
 
+TEST(FixedSize, WhatFillsAnyRoomFillsTheIdealLength) {
+    const kit::View bar = kit::Frame{.lengths = {.width = 3}, .child = rectangle()};
+    const kit::View label = kit::FixedSize{
+        .vertical = true,
+        .child = kit::HStack{.spacing = 2, .children = {bar, words("one two three")}}};
+    EXPECT_EQ(dump(label, {40, 100}),
+              "0,38 3x24 shape rectangle fill primary\n"
+              "5,38 35x24 text 10 regular primary \"one two\"@0,9.6 \"three\"@0,21.6 label "
+              "\"one two three\"\n");
+}
+
 TEST(Background, IsOfferedTheChildsSizeAndLiesBehindIt) {
     const kit::View tag = kit::Background{
         .content = rectangle(),
