@@ -13,7 +13,7 @@ class Format(unittest.TestCase):
     def test_every_source_is_formatted(self):
         tool = shutil.which("clang-format-14")
         self.assertIsNotNone(tool, "clang-format-14 is not installed")
-        files = sorted(str(path) for folder in ("src", "tests", "bench", "fuzz")
+        files = sorted(str(path) for folder in ("src", "tests", "benchmarks", "fuzz")
                        for path in (ROOT / folder).rglob("*")
                        if path.suffix in {".h", ".cpp"})
         self.assertGreater(len(files), 200)
