@@ -103,8 +103,7 @@ bool Calendar::isSameDay(Date first, Date second) const {
 }
 
 std::unique_ptr<Calendar> makeCalendar(const std::string& localeId, const std::string& timeZoneId) {
-    const icu::Locale locale =
-        makeLocale(localeId.empty() ? environmentLocaleId("LC_TIME") : localeId);
+    const icu::Locale locale = makeLocale(localeId);
     UErrorCode status = U_ZERO_ERROR;
     std::unique_ptr<icu::Calendar> calendar(
         icu::Calendar::createInstance(makeTimeZone(timeZoneId).release(), locale, status));

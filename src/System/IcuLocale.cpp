@@ -12,21 +12,23 @@ std::string variable(const char* name) {
 
 bool hasNoLanguage(const std::string& localeId) {
     const std::string name = localeId.substr(0, localeId.find('.'));
-    return name.empty() || name == "C" || name == "POSIX";
+    return name == "C" || name == "POSIX";
 }
 
 }  // namespace
 
-std::string environmentLocaleId(const char* category) {
+std::optional<std::string> environmentLocaleId(const char* category) {
     for (const char* const name : {"LC_ALL", category, "LANG"}) {
         if (const std::string value = variable(name); !value.empty())
-            return hasNoLanguage(value) ? "en_US" : value;
+            return hasNoLanguage(value) ? std::nullopt : std::optional(value);
     }
-    return "en_US";
+    return std::nullopt;
 }
 
 icu::Locale makeLocale(const std::string& localeId) {
-    return icu::Locale::createCanonical(localeId.c_str());
+    const std::string chosen =
+        localeId.empty() ? environmentLocaleId("LC_TIME").value_or("en_US") : localeId;
+    return icu::Locale::createCanonical(chosen.c_str());
 }
 
 std::unique_ptr<icu::TimeZone> makeTimeZone(const std::string& timeZoneId) {

@@ -65,7 +65,7 @@ struct LocaleTexts::Formats {
 
 LocaleTexts::LocaleTexts(const std::string& localeId, const std::string& timeZoneId)
     : formats_(std::make_unique<Formats>()) {
-    formats_->locale = makeLocale(localeId.empty() ? environmentLocaleId("LC_TIME") : localeId);
+    formats_->locale = makeLocale(localeId);
     formats_->timeZone = makeTimeZone(timeZoneId);
 }
 

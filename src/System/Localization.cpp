@@ -21,6 +21,16 @@ std::string languageList(const std::string& localeId) {
     return country.empty() ? language : language + "_" + country + ":" + language;
 }
 
+/// The environment's own list if the user keeps one, else that of the locale of messages. As
+/// everywhere with gettext, the list counts for nothing where the locale has no language.
+std::string environmentLanguageList() {
+    const std::optional<std::string> localeId = environmentLocaleId("LC_MESSAGES");
+    if (!localeId)
+        return "en";
+    const char* const list = std::getenv("LANGUAGE");
+    return list != nullptr && *list != '\0' ? list : languageList(*localeId);
+}
+
 }  // namespace
 
 std::string Localization::text(std::string_view englishKey, std::string_view argument) const {
@@ -37,10 +47,12 @@ std::string EnglishLocalization::text(std::string_view englishKey) const {
 GettextLocalization::GettextLocalization(const std::string& localeId,
                                          const std::string& catalogueFolder) {
     const std::string languages =
-        languageList(localeId.empty() ? environmentLocaleId("LC_MESSAGES") : localeId);
+        localeId.empty() ? environmentLanguageList() : languageList(localeId);
     // gettext looks at LANGUAGE only while the locale of messages is not "C"; "C.UTF-8" is not,
     // and is there on every machine, whichever locales have been generated.
     ::setenv("LANGUAGE", languages.c_str(), 1);
+    // Going there by way of "C" makes gettext forget what it has looked up for another list.
+    std::setlocale(LC_MESSAGES, "C");
     std::setlocale(LC_MESSAGES, "C.UTF-8");
     ::bindtextdomain(textDomain, catalogueFolder.c_str());
     ::bind_textdomain_codeset(textDomain, "UTF-8");

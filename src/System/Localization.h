@@ -24,7 +24,9 @@ public:
 };
 
 /// gettext catalogues under `catalogueFolder`/LANGUAGE/LC_MESSAGES. gettext's choice of language
-/// belongs to the process, so a process makes one of these, at its start.
+/// belongs to the process, so a process makes one of these, at its start; of several the latest
+/// counts. Without a locale the language is that of the environment: LANGUAGE, or the locale of
+/// messages.
 class GettextLocalization final : public Localization {
 public:
     GettextLocalization(const std::string& localeId, const std::string& catalogueFolder);

@@ -61,21 +61,27 @@ bool hasOnlyUrlCharacters(std::string_view url) {
 }  // namespace
 
 std::string encodeUrlPath(std::string_view text, Slash slash) {
-    // GLib wants an address even of no bytes, which an empty view need not have.
-    if (text.empty())
-        return {};
-    const char* const kept = slash == Slash::kept ? "!$&'()*+,=:@/" : "!$&'()*+,=:@";
-    const GText encoded(
-        g_uri_escape_bytes(reinterpret_cast<const guint8*>(text.data()), text.size(), kept),
-        &g_free);
-    return encoded.get();
+    // By hand, because GLib's encoder lets zero bytes pass.
+    constexpr const char* digits = "0123456789ABCDEF";
+    const std::string_view kept = slash == Slash::kept ? "!$&'()*+,=:@/" : "!$&'()*+,=:@";
+    std::string result;
+    for (const char character : text) {
+        if (isUnreserved(character) || kept.find(character) != std::string_view::npos) {
+            result += character;
+        } else {
+            const auto byte = static_cast<unsigned char>(character);
+            result += {'%', digits[byte >> 4U], digits[byte & 0xFU]};
+        }
+    }
+    return result;
 }
 
 bool isValidUrl(std::string_view text) {
     const std::string url(text);
     return url.find('\0') == std::string::npos && !urlScheme(url).empty() &&
            hasOnlyUrlCharacters(url) &&
-           g_uri_is_valid(url.c_str(), G_URI_FLAGS_NONE, nullptr) != FALSE;
+           // Encoded bytes need not be UTF-8, so they are not decoded.
+           g_uri_is_valid(url.c_str(), G_URI_FLAGS_ENCODED, nullptr) != FALSE;
 }
 
 std::string urlScheme(std::string_view url) {
