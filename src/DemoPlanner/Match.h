@@ -9,4 +9,7 @@ struct Match : Functions... {
     using Functions::operator()...;
 };
 
+template <class... Functions>
+Match(Functions...) -> Match<Functions...>;
+
 }  // namespace kelmar::demo

@@ -3,10 +3,10 @@
 #include <QSaveFile>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
-#include <stdlib.h>
 #include <system_error>
 
 #include "Shared/PlannerFiles.h"

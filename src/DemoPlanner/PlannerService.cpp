@@ -29,7 +29,7 @@ PlannerService::PlannerService(PlannerStorage& storage, const system::Clock& clo
 }
 
 PlannerState PlannerService::stateAtStart() const {
-    const PlannerState begun = PlannerState::begun(clock_.now(), calendars_.own);
+    PlannerState begun = PlannerState::begun(clock_.now(), calendars_.own);
     const Result<std::optional<std::string>> saved = storage_.loadState();
     if (!saved) {
         log_("The saved state cannot be read, so a new week begins: " + saved.failure().reason);

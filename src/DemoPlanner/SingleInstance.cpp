@@ -1,6 +1,7 @@
 #include "DemoPlanner/SingleInstance.h"
 
 #include <QCryptographicHash>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLocalSocket>
@@ -27,7 +28,7 @@ using Kind = StartRequest::Kind;
 constexpr int patienceMilliseconds = 5000;
 constexpr int pauseMilliseconds = 20;
 /// No URL of ours is longer; whatever sends more is not one of ours.
-constexpr qint64 longestRequest = 64 * 1024;
+constexpr qint64 longestRequest = qint64{64} * 1024;
 constexpr const char* answer = "done\n";
 
 constexpr std::array<std::pair<const char*, Kind>, 4> kindNames{
@@ -64,7 +65,7 @@ std::string lockPath(const std::string& plannerFolder) {
 /// folder itself where there is none.
 QString socketPath(const std::string& plannerFolder) {
     const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    if (runtime.isEmpty()) {
+    if (runtime.isEmpty() || !QFileInfo(runtime).isDir()) {
         return QString::fromStdString(plannerFolder) + "/demo-socket";
     }
     const QByteArray digest = QCryptographicHash::hash(QByteArray::fromStdString(plannerFolder),

@@ -80,7 +80,7 @@ class Unusable : public std::runtime_error {
 };
 
 QJsonValue need(const QJsonObject& object, const char* key, QJsonValue::Type type) {
-    const QJsonValue value = object.value(QLatin1String(key));
+    QJsonValue value = object.value(QLatin1String(key));
     if (value.type() != type) {
         throw Unusable(std::string("\"") + key + "\" is missing or of the wrong type");
     }

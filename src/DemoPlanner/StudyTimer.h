@@ -25,7 +25,7 @@ struct StudyTimer {
     enum class Phase { ready, running, paused, ringing };
 
     /// Sessions longer than a day are no study sessions.
-    static constexpr std::int64_t longestMinutes = 24 * 60;
+    static constexpr std::int64_t longestMinutes = std::int64_t{24} * 60;
 
     Phase phase = Phase::ready;
     bool isBreak = false;

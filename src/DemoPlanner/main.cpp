@@ -177,7 +177,7 @@ int start(int& count, char** arguments, const Options& options) {
 
 int runWith(int& count, char** arguments) {
     const auto read = readOptions(count, arguments);
-    if (const int* const status = std::get_if<int>(&read)) {
+    if (const auto* const status = std::get_if<int>(&read)) {
         return *status;
     }
     const Options& options = std::get<Options>(read);

@@ -39,8 +39,6 @@ TEST(Catalogue, KeysAreTheEnglishTextsToTheLetter) {
          {"What's still to do today, and what's next, from Kelmar Planner.",
           "Open Kelmar Planner and sign in to see what’s due.", "You’re all caught up.", "due {}",
           "Mark {} done", "That’s everything coming up.", "Nothing else due this week.",
-          "Nothing on your schedule this week. Connect your school calendar in Planner’s Calendar "
-          "settings.",
           "{}-day streak!", "Finish what’s due today. If you can’t, your streak freeze covers it.",
           "Finish what’s due today, or your {}-day streak ends.", "Break’s over", "Time’s up",
           "{} min", "Paused · {}", "Start · {} min", "Until {}"}) {
