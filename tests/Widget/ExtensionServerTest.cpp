@@ -2,7 +2,8 @@
 
 #include "Widget/ExtensionServer.h"
 #include "Widget/TickIntents.h"
-#include "tests/Support/TestSurroundings.h"
+#include "Widget/TimerIntents.h"
+#include "tests/Support/Timers.h"
 
 namespace kelmar::widget {
 namespace {
@@ -70,6 +71,48 @@ TEST(ExtensionServer, InitializesWithItsBundle) {
     const auto bundle = kit::decodeBundle(resultIn(lines[0]));
     ASSERT_TRUE(bundle);
     EXPECT_EQ(bundle->widgets.front().kind, "DueToday");
+    EXPECT_EQ(bundle->controls.size(), 1U);
+}
+
+TEST(ExtensionServer, OffersNoControlToAHostThatKnowsNone) {
+    Conversation conversation;
+    const auto lines =
+        conversation.send({.id = 1, .body = kit::InitializeRequest{.systemVersion = "25.9"}});
+    const auto bundle = kit::decodeBundle(resultIn(lines.at(0)));
+    ASSERT_TRUE(bundle);
+    EXPECT_EQ(bundle->widgets.size(), 4U);
+    EXPECT_TRUE(bundle->controls.empty());
+}
+
+TEST(ExtensionServer, GivesTheControlsValueAndItsPreview) {
+    Conversation conversation;
+    conversation.test.publish(testing::snapshotWith(testing::runningTimer()));
+    const auto valueFor = [&](bool isPreview) {
+        const auto lines =
+            conversation.send({.id = 5,
+                               .body = kit::ControlRequest{.controlKind = "StudyTimerControl",
+                                                           .isPreview = isPreview}});
+        return *kit::decodeControlValue(resultIn(lines.at(0)));
+    };
+    EXPECT_EQ(valueFor(false),
+              (kit::ControlValue{.running = true,
+                                 .text = "Until 3:10\u202fPM",
+                                 .symbol = "pause.fill",
+                                 .intent = TimerControlIntent{.value = false}.described()}));
+    EXPECT_EQ(valueFor(true),
+              (kit::ControlValue{.running = false,
+                                 .text = "Start",
+                                 .symbol = "timer",
+                                 .intent = TimerControlIntent{.value = true}.described()}));
+}
+
+TEST(ExtensionServer, RunsTheControlsIntent) {
+    Conversation conversation;
+    const auto asked = conversation.send(
+        {.id = 9, .body = kit::PerformRequest{TimerControlIntent{.value = true}.described()}});
+    const auto open = std::get<kit::Request>(*kit::decodeMessage(asked.at(0)));
+    EXPECT_EQ(std::get<kit::OpenRequest>(open.body),
+              (kit::OpenRequest{.url = "kelmarplanner://timer/on"}));
 }
 
 TEST(ExtensionServer, AnswersEveryKindOfEntryRequest) {
@@ -94,6 +137,11 @@ TEST(ExtensionServer, RefusesAWidgetOrFamilyThatItDoesNotHave) {
     unknown.widgetKind = "Weather";
     const auto lines = conversation.send({.id = 3, .body = unknown});
     EXPECT_EQ(errorIn(lines.at(0)).code, kit::ErrorCode::invalidParams);
+    auto large = entryRequest(kit::EntryKind::timeline);
+    large.widgetKind = "StudyTimer";
+    large.environment.family = kit::Family::large;
+    EXPECT_EQ(errorIn(conversation.send({.id = 3, .body = large}).at(0)).code,
+              kit::ErrorCode::invalidParams);
     const auto control =
         conversation.send({.id = 4, .body = kit::ControlRequest{.controlKind = "Lights"}});
     EXPECT_EQ(errorIn(control.at(0)).code, kit::ErrorCode::invalidParams);

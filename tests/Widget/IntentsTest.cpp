@@ -41,13 +41,19 @@ TEST(PerformIntent, RefusesWhatItDoesNotKnowAndTouchesNothing) {
               "TickOffIntent needs the parameter \"name\".");
     EXPECT_EQ(refusal({.name = "UndoTickIntent", .parameters = {{"id", true}}}, test),
               "The parameter \"id\" of UndoTickIntent has another type.");
+    EXPECT_EQ(refusal({.name = "TimerRunIntent", .parameters = {{"run", std::int64_t{1}}}}, test),
+              "The parameter \"run\" of TimerRunIntent has another type.");
+    EXPECT_EQ(refusal({.name = "TimerPresetIntent", .parameters = {{"minutes", true}}}, test),
+              "The parameter \"minutes\" of TimerPresetIntent has another type.");
+    EXPECT_EQ(refusal({.name = "TimerControlIntent", .parameters = {{"run", true}}}, test),
+              "TimerControlIntent needs the parameter \"value\".");
     EXPECT_TRUE(test.tickedFolder.calls().empty());
     EXPECT_TRUE(test.appLink.urls.empty());
 }
 
 TEST(IntentDescriptors, NameEveryActionWithItsTitles) {
     const auto& all = intentDescriptors();
-    ASSERT_GE(all.size(), 2U);
+    ASSERT_EQ(all.size(), 5U);
     EXPECT_EQ(all[0].name, "TickOffIntent");
     EXPECT_EQ(all[0].title, "Tick Off");
     ASSERT_EQ(all[0].parameters.size(), 2U);
@@ -58,6 +64,32 @@ TEST(IntentDescriptors, NameEveryActionWithItsTitles) {
     EXPECT_EQ(all[1].name, "UndoTickIntent");
     EXPECT_EQ(all[1].title, "Undo Tick");
     EXPECT_FALSE(all[1].isDiscoverable);
+}
+
+struct TimerActionRow {
+    std::size_t index;
+    const char* name;
+    const char* title;
+    const char* parameter;
+    ParameterType type;
+    const char* parameterTitle;
+};
+
+TEST(IntentDescriptors, OfferTheTimersActionsOutsideTheWidgets) {
+    for (const TimerActionRow& row :
+         {TimerActionRow{2, "TimerRunIntent", "Start or Pause the Timer", "run",
+                         ParameterType::boolean, "Run"},
+          {3, "TimerPresetIntent", "Start a Timer", "minutes", ParameterType::integer, "Minutes"},
+          {4, "TimerControlIntent", "Study Timer", "value", ParameterType::boolean, "Running"}}) {
+        const IntentDescriptor& descriptor = intentDescriptors().at(row.index);
+        EXPECT_EQ(descriptor.name, row.name);
+        EXPECT_EQ(descriptor.title, row.title);
+        EXPECT_TRUE(descriptor.isDiscoverable);
+        ASSERT_EQ(descriptor.parameters.size(), 1U);
+        EXPECT_EQ(descriptor.parameters[0].name, row.parameter);
+        EXPECT_EQ(descriptor.parameters[0].type, row.type);
+        EXPECT_EQ(descriptor.parameters[0].title, row.parameterTitle);
+    }
 }
 
 }  // namespace
