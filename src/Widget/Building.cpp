@@ -23,6 +23,26 @@ kit::View withSize(double width, double height, kit::View child) {
     return kit::Frame{.lengths = {.width = width, .height = height}, .child = std::move(child)};
 }
 
+kit::View padded(double horizontal, double vertical, kit::View child) {
+    return kit::Padding{.insets = {.top = vertical,
+                                   .leading = horizontal,
+                                   .bottom = vertical,
+                                   .trailing = horizontal},
+                        .child = std::move(child)};
+}
+
+kit::View colorBar(kit::Color color, std::optional<double> height) {
+    return kit::Frame{
+        .lengths = {.width = 3, .height = height},
+        .child = kit::Shape{
+            .shape = kit::ShapeKind::roundedRectangle, .cornerRadius = 1.5, .fill = color}};
+}
+
+kit::View onCapsule(kit::Color fill, kit::View child) {
+    return kit::Background{.content = kit::Shape{.shape = kit::ShapeKind::capsule, .fill = fill},
+                           .child = std::move(child)};
+}
+
 kit::Text oneLine(std::string text, kit::Font font, kit::Color color) {
     return {.text = std::move(text), .font = font, .color = color, .lineLimit = 1};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "Kit/View.h"
@@ -20,6 +21,15 @@ inline constexpr kit::Alignment bottomLeading{kit::HorizontalAlignment::leading,
 [[nodiscard]] kit::View withHeight(double height, kit::View child);
 /// A child centred in a frame of a size.
 [[nodiscard]] kit::View withSize(double width, double height, kit::View child);
+
+/// A child with room at its sides and above and below.
+[[nodiscard]] kit::View padded(double horizontal, double vertical, kit::View child);
+
+/// The slim upright bar that stands for a class by its colour. Without a height it is as high as
+/// the room it is offered.
+[[nodiscard]] kit::View colorBar(kit::Color color, std::optional<double> height);
+/// A child on a capsule of its own size.
+[[nodiscard]] kit::View onCapsule(kit::Color fill, kit::View child);
 
 /// Text on one line, cut off where it does not fit.
 [[nodiscard]] kit::Text oneLine(std::string text, kit::Font font, kit::Color color);

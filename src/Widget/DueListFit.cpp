@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "Widget/DueTodayView.h"
+#include "Widget/WholeRows.h"
 
 namespace kelmar::widget {
 
@@ -12,12 +13,6 @@ double widestGap(kit::Family family, bool hasRoomLeft) {
         return 6;
     }
     return hasRoomLeft ? 16 : 10;
-}
-
-/// As a count of rows, however large or odd the height was.
-int wholeRows(double quotient) {
-    constexpr double most = 1000;
-    return static_cast<int>(std::clamp(quotient, 1.0, most));
 }
 
 }  // namespace

@@ -15,11 +15,8 @@ namespace {
 using kit::FontWeight;
 using Item = shared::WidgetData::Item;
 
-kit::View colorBar(const Item& item, double height) {
-    return withSize(3, height,
-                    kit::Shape{.shape = kit::ShapeKind::roundedRectangle,
-                               .cornerRadius = 1.5,
-                               .fill = hexString(item.classColor).value_or(kit::secondary)});
+kit::View classBar(const Item& item, double height) {
+    return colorBar(hexString(item.classColor).value_or(kit::secondary), height);
 }
 
 kit::Text line(std::string text, double size, FontWeight weight, kit::Color color) {
@@ -87,7 +84,7 @@ kit::View DueRows::row(const Item& item, RowGroup group) const {
     const kit::View label =
         kit::HStack{.alignment = kit::VerticalAlignment::center,
                     .spacing = 8,
-                    .children = {colorBar(item, isToday ? 30 : 24), titleAndTime(item, group)}};
+                    .children = {classBar(item, isToday ? 30 : 24), titleAndTime(item, group)}};
     // The tick stands outside the link, so that ticking never opens the planner; the link takes
     // the rest of the row, so that a press behind a short title is not lost.
     return kit::HStack{.alignment = kit::VerticalAlignment::center,
@@ -99,7 +96,7 @@ kit::View DueRows::row(const Item& item, RowGroup group) const {
 kit::View DueRows::compactRow(const Item& item) const {
     return kit::HStack{.alignment = kit::VerticalAlignment::center,
                        .spacing = 5,
-                       .children = {tick(item, 13), colorBar(item, 14),
+                       .children = {tick(item, 13), classBar(item, 14),
                                     line(item.title, 11, FontWeight::medium, kit::primary)}};
 }
 
@@ -108,14 +105,12 @@ kit::View DueRows::undoButton(const shared::WidgetTicks::Tick& tick) const {
     return kit::Button{
         .intent = UndoTickIntent{.id = tick.id}.described(),
         .label = undo,
-        .child = kit::Background{
-            .content =
-                kit::Shape{.shape = kit::ShapeKind::capsule, .fill = accent_.withOpacity(0.14)},
-            .child = withHeight(20, kit::Padding{.insets = {.leading = 8, .trailing = 8},
-                                                 .child = kit::Text{.text = undo,
-                                                                    .font = kit::Font::system(
-                                                                        11, FontWeight::semibold),
-                                                                    .color = accent_}})}};
+        .child = onCapsule(
+            accent_.withOpacity(0.14),
+            withHeight(20, padded(8, 0,
+                                  kit::Text{.text = undo,
+                                            .font = kit::Font::system(11, FontWeight::semibold),
+                                            .color = accent_})))};
 }
 
 kit::View DueRows::undoBar(const shared::WidgetTicks::Tick& tick) const {

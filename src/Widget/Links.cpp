@@ -11,6 +11,11 @@ std::string assignmentUrl(std::string_view assignmentId) {
                        system::encodeUrlPath(assignmentId, system::Slash::kept));
 }
 
+std::string classUrl(std::string_view classId) {
+    return fmt::format("kelmarplanner://class/{}",
+                       system::encodeUrlPath(classId, system::Slash::kept));
+}
+
 std::string untickUrl(std::string_view assignmentId) {
     return fmt::format("kelmarplanner://untick/{}",
                        system::encodeUrlPath(assignmentId, system::Slash::encoded));

@@ -21,6 +21,16 @@ Snapshot loadSnapshot(const Surroundings& surroundings) {
     return data ? std::make_shared<const shared::WidgetData>(std::move(*data)) : nullptr;
 }
 
+SnapshotEntry sampleEntry(Sample sample, const Surroundings& surroundings) {
+    const system::Date now = surroundings.clock.now();
+    return {.date = now,
+            .data = std::make_shared<const shared::WidgetData>(sample(now, surroundings.calendar))};
+}
+
+SnapshotEntry loadedEntry(const Surroundings& surroundings) {
+    return {.date = surroundings.clock.now(), .data = loadSnapshot(surroundings)};
+}
+
 system::Date nextMidnight(system::Date date, const system::Calendar& calendar) {
     return orFatal(calendar.startOfNextDay(date));
 }
