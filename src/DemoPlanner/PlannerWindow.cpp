@@ -2,70 +2,17 @@
 
 #include <QCheckBox>
 #include <QFrame>
-#include <QHBoxLayout>
 #include <utility>
 
 #include "DemoPlanner/Opening.h"
 #include "DemoPlanner/PlannerTexts.h"
+#include "DemoPlanner/WindowPieces.h"
 
 namespace kelmar::demo {
 
 namespace {
 
 constexpr int windowWidth = 400;
-constexpr int titleSize = 13;
-constexpr int detailSize = 11;
-constexpr QColor accent(0x4F, 0x46, 0xE5);
-
-QString toText(const std::string& text) {
-    return QString::fromStdString(text);
-}
-
-QLabel* makeLabel(const QString& text, int pixelSize, QFont::Weight weight = QFont::Normal) {
-    auto* label = new QLabel(text);
-    QFont font = label->font();
-    font.setPixelSize(pixelSize);
-    font.setWeight(weight);
-    label->setFont(font);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
-}
-
-QLabel* makeDetail(const QString& text) {
-    QLabel* label = makeLabel(text, detailSize);
-    label->setForegroundRole(QPalette::PlaceholderText);
-    return label;
-}
-
-QLabel* makeHeading(const QString& text) {
-    QLabel* label = makeLabel(text, detailSize, QFont::DemiBold);
-    label->setForegroundRole(QPalette::PlaceholderText);
-    label->setContentsMargins(0, 8, 0, 0);
-    return label;
-}
-
-void tint(QLabel& label) {
-    QPalette palette = label.palette();
-    palette.setColor(QPalette::WindowText, accent);
-    label.setPalette(palette);
-}
-
-/// A title with a quieter line below it.
-QVBoxLayout* makeLines(QLabel* title, QLabel* status) {
-    auto* lines = new QVBoxLayout;
-    lines->setSpacing(1);
-    lines->addWidget(title);
-    lines->addWidget(status);
-    return lines;
-}
-
-QWidget* makeRow(QHBoxLayout*& row) {
-    auto* widget = new QWidget;
-    row = new QHBoxLayout(widget);
-    row->setContentsMargins(0, 0, 0, 0);
-    return widget;
-}
 
 }  // namespace
 
@@ -92,8 +39,7 @@ PlannerWindow::PlannerWindow(PlannerService& service, const system::Calendar& ca
 }
 
 QWidget* PlannerWindow::makeHeader() {
-    QHBoxLayout* row = nullptr;
-    QWidget* header = makeRow(row);
+    const auto [header, row] = makeRow();
     row->addWidget(makeLabel("Kelmar Planner", 20, QFont::Bold), 1);
     QLabel* note = makeLabel("Stand-in", detailSize, QFont::DemiBold);
     tint(*note);
@@ -132,8 +78,7 @@ QWidget* PlannerWindow::makeTimerRow() {
         service_.perform(runs ? Command(TurnTimerOff{}) : Command(TurnTimerOn{}));
         changed_();
     });
-    QHBoxLayout* row = nullptr;
-    QWidget* widget = makeRow(row);
+    const auto [widget, row] = makeRow();
     row->addLayout(makeLines(timerTitle_, timerStatus_), 1);
     row->addWidget(timerButton_);
     return widget;
@@ -142,8 +87,7 @@ QWidget* PlannerWindow::makeTimerRow() {
 QWidget* PlannerWindow::makeStreakRow() {
     streakTitle_ = makeLabel({}, titleSize);
     streakStatus_ = makeDetail({});
-    QHBoxLayout* row = nullptr;
-    QWidget* widget = makeRow(row);
+    const auto [widget, row] = makeRow();
     row->addLayout(makeLines(streakTitle_, streakStatus_), 1);
     return widget;
 }
@@ -156,8 +100,7 @@ QWidget* PlannerWindow::makeSwitches() {
     connected->setChecked(service_.planner().state().schoolCalendarConnected);
     connect(connected, &QCheckBox::toggled, this,
             [this](bool on) { service_.setSchoolCalendarConnected(on); });
-    QHBoxLayout* row = nullptr;
-    QWidget* widget = makeRow(row);
+    const auto [widget, row] = makeRow();
     row->setContentsMargins(0, 10, 0, 0);
     row->addWidget(signedIn);
     row->addWidget(connected);
@@ -178,8 +121,7 @@ QWidget* PlannerWindow::makeAssignmentRow(const Assignment& assignment) {
     });
     QLabel* due = makeDetail(toText(dueText(assignment, service_.now(), texts_)));
     due->setWordWrap(false);
-    QHBoxLayout* row = nullptr;
-    QWidget* widget = makeRow(row);
+    const auto [widget, row] = makeRow();
     row->setSpacing(8);
     row->addWidget(bar);
     row->addWidget(box, 1);

@@ -7,13 +7,11 @@
 #include <string_view>
 #include <unistd.h>
 
+#include "DemoPlanner/Application.h"
 #include "DemoPlanner/Options.h"
 #include "DemoPlanner/PlannerDisk.h"
-#include "DemoPlanner/PlannerService.h"
-#include "DemoPlanner/PlannerWindow.h"
 #include "DemoPlanner/SchemeHandler.h"
 #include "DemoPlanner/SingleInstance.h"
-#include "DemoPlanner/WallClockTimer.h"
 #include "Shared/PlannerFiles.h"
 #include "System/HomeFolder.h"
 
@@ -63,69 +61,6 @@ StartRequest requestOf(const Options& options) {
             {}};
 }
 
-/// The planner with its window, from its start to its end.
-class Application {
-public:
-    explicit Application(PlannerDisk& disk)
-        : own_(system::makeCalendar({}, {})),
-          gregorian_(system::makeCalendar("en_US@calendar=gregorian", {})),
-          service_(disk, clock_, Calendars{*own_, *gregorian_}, log),
-          timer_([this] { wake(); }) {
-        settle();
-    }
-
-    void handle(const StartRequest& request) {
-        switch (request.kind) {
-            case StartRequest::Kind::show:
-                window().present();
-                break;
-            case StartRequest::Kind::stayInBackground:
-                break;
-            case StartRequest::Kind::openUrl:
-                if (const std::optional<DeepLink> link = service_.open(request.url)) {
-                    window().showOpening(*link, request.url);
-                }
-                break;
-            case StartRequest::Kind::quit:
-                QApplication::quit();
-                break;
-        }
-        settle();
-    }
-
-private:
-    PlannerWindow& window() {
-        if (!window_) {
-            window_ = std::make_unique<PlannerWindow>(service_, *own_, [this] { settle(); });
-        }
-        return *window_;
-    }
-
-    void wake() {
-        const StudyTimer::Phase before = service_.planner().state().timer.phase;
-        service_.wake();
-        if (before != service_.planner().state().timer.phase) {
-            QApplication::beep();
-        }
-        settle();
-    }
-
-    /// Brings the window and the next awakening in line with the planner.
-    void settle() {
-        timer_.set(service_.nextChange());
-        if (window_) {
-            window_->refresh();
-        }
-    }
-
-    system::SystemClock clock_;
-    std::unique_ptr<system::Calendar> own_;
-    std::unique_ptr<system::Calendar> gregorian_;
-    PlannerService service_;
-    WallClockTimer timer_;
-    std::unique_ptr<PlannerWindow> window_;
-};
-
 int run(int& count, char** arguments, const Options& options, PlannerDisk& disk,
         SingleInstance& instance) {
     // No style or theme of the desktop is worth what loading it costs a program that mostly waits.
@@ -140,7 +75,7 @@ int run(int& count, char** arguments, const Options& options, PlannerDisk& disk,
     // Once started in the background it stays there when its window is closed.
     const StartRequest request = requestOf(options);
     QApplication::setQuitOnLastWindowClosed(request.kind == StartRequest::Kind::show);
-    Application planner(disk);
+    Application planner(disk, log);
     const auto listening =
         instance.listen([&](const StartRequest& asked) { planner.handle(asked); });
     if (!listening) {
