@@ -57,6 +57,8 @@ std::optional<double> scaleNamed(const std::string& text) {
 }  // namespace
 
 void addCommonOptions(CLI::App& program, Options& options) {
+    // Said twice, the later one counts, so that a script's defaults can be overruled.
+    program.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
     program.add_option("--home", options.home, "Home folder, instead of the account database's");
     addParsed(program, "--now", options.now, momentNamed,
               "seconds since 1970, or ISO 8601 with an offset", "The moment to judge at");
