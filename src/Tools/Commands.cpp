@@ -7,23 +7,19 @@
 
 #include "Kit/Archive.h"
 #include "Kit/Metrics.h"
-#include "Kit/Protocol.h"
 #include "Shared/PlannerFiles.h"
 #include "Shared/SnapshotCoding.h"
 #include "System/JsonWriter.h"
 #include "Tools/EntryJson.h"
 #include "Tools/EntryOutline.h"
 #include "Tools/Moment.h"
+#include "Tools/Printing.h"
 #include "Tools/Stage.h"
 #include "Widget/Intents.h"
 
 namespace kelmar::tools {
 
 namespace {
-
-void printJson(const std::string& json) {
-    std::cout << system::prettyPrinted(json) << '\n';
-}
 
 std::string describedEntry(const widget::ProvidedEntry& entry,
                            const kit::Environment& environment) {
@@ -38,43 +34,6 @@ int showEntry(const widget::ProvidedEntry& entry, const Options& options) {
         std::cout << describedEntry(entry, environment);
     }
     return 0;
-}
-
-std::string familiesJson(const std::vector<kit::Family>& families) {
-    system::JsonWriter json;
-    json.beginArray();
-    for (const kit::Family family : families) {
-        json.string(kit::descriptorNameOf(family));
-    }
-    json.endArray();
-    return json.text();
-}
-
-void writeDescriptor(system::JsonWriter& json, const std::string& kind, const std::string& name,
-                     const std::string& description, const std::vector<kit::Family>& families) {
-    json.beginObject();
-    json.key("kind");
-    json.string(kind);
-    json.key("displayName");
-    json.string(name);
-    json.key("description");
-    json.string(description);
-    json.key("families");
-    json.raw(familiesJson(families));
-    json.endObject();
-}
-
-std::string bundleJson(const kit::Bundle& bundle) {
-    system::JsonWriter json;
-    json.beginArray();
-    for (const auto& widget : bundle.widgets) {
-        writeDescriptor(json, widget.kind, widget.displayName, widget.description, widget.families);
-    }
-    for (const auto& control : bundle.controls) {
-        writeDescriptor(json, control.kind, control.displayName, control.description, {});
-    }
-    json.endArray();
-    return json.text();
 }
 
 kit::IntentValue parsedValue(const std::string& name, const std::string& text,
@@ -201,28 +160,6 @@ const widget::BundledWidget& widgetOf(const Stage& stage, const Options& options
                                      kit::nameOf(options.family)));
     }
     return *widget;
-}
-
-int listBundle(const Options& options) {
-    const Stage stage(options);
-    const kit::Bundle bundle = stage.widgets().bundle(options.systemVersion);
-    if (options.json) {
-        printJson(bundleJson(bundle));
-        return 0;
-    }
-    for (const auto& widget : bundle.widgets) {
-        std::string families;
-        for (const kit::Family family : widget.families) {
-            families += (families.empty() ? "" : ", ") + std::string(kit::nameOf(family));
-        }
-        std::cout << fmt::format("{:<18}{} ({})\n{:18}{}\n", widget.kind, widget.displayName,
-                                 families, "", widget.description);
-    }
-    for (const auto& control : bundle.controls) {
-        std::cout << fmt::format("{:<18}{} (control)\n{:18}{}\n", control.kind, control.displayName,
-                                 "", control.description);
-    }
-    return 0;
 }
 
 int showTimeline(const Options& options) {

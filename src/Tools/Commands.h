@@ -27,6 +27,7 @@ public:
 [[nodiscard]] const widget::BundledWidget& widgetOf(const Stage& stage, const Options& options);
 
 int listBundle(const Options& options);
+int showControl(const Options& options);
 int showTimeline(const Options& options);
 int showSnapshot(const Options& options);
 int showPlaceholder(const Options& options);

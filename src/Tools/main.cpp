@@ -51,6 +51,9 @@ void addCommands(CLI::App& program, Options& options, Command& chosen) {
                          drawGallery, chosen),
               options);
 
+    addCommand(program, "control", "The timer control's value", showControl, chosen)
+        .add_flag("--preview", options.preview, "As for the gallery");
+
     CLI::App& perform =
         addCommand(program, "perform", "Runs an action of a widget", performAction, chosen);
     perform.add_option("INTENT", options.intent, "Name of the action")->required();

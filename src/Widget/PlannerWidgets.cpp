@@ -46,7 +46,7 @@ const BundledWidget* PlannerWidgets::widget(std::string_view kind) const {
 }
 
 const StudyTimerControl* PlannerWidgets::control(std::string_view kind) const {
-    return control_.descriptor().kind == kind ? &control_ : nullptr;
+    return kind == StudyTimerControl::kind ? &control_ : nullptr;
 }
 
 }  // namespace kelmar::widget

@@ -27,7 +27,7 @@ kit::ControlValue toggle(Toggle toggle, std::string text) {
 
 kit::ControlDescriptor StudyTimerControl::descriptor() const {
     const system::Localization& words = surroundings_.localization;
-    return {.kind = "StudyTimerControl",
+    return {.kind = kind,
             .displayName = words.text("Study Timer"),
             .description = words.text("Start or pause Kelmar Planner's study timer.")};
 }

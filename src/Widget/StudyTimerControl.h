@@ -10,6 +10,8 @@ namespace kelmar::widget {
 /// every current value reads the snapshot afresh.
 class StudyTimerControl {
 public:
+    static constexpr const char* kind = "StudyTimerControl";
+
     explicit StudyTimerControl(const Surroundings& surroundings) : surroundings_(surroundings) {}
 
     [[nodiscard]] kit::ControlDescriptor descriptor() const;
