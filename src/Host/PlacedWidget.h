@@ -28,6 +28,7 @@ public:
 
     /// Its address stays the same as long as the widget is there.
     [[nodiscard]] const kit::Entry* shown() const { return shown_ ? &*shown_ : nullptr; }
+    [[nodiscard]] bool hasTimeline() const { return timeline_.has_value(); }
     [[nodiscard]] bool showsPlaceholder() const { return shown_ && !timeline_; }
 
     /// Whether a timeline is to be asked for now. While one is outstanding it is not, but another

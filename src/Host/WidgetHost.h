@@ -9,6 +9,7 @@
 
 #include "Host/ExtensionFile.h"
 #include "Host/UrlOpener.h"
+#include "Host/WidgetId.h"
 #include "Kit/Descriptor.h"
 #include "Kit/Environment.h"
 #include "Kit/Timeline.h"
@@ -18,9 +19,6 @@
 namespace kelmar::host {
 
 struct HostParts;
-
-/// One widget on the desktop, for as long as it is there.
-using WidgetId = int;
 
 /// Keeps the content of the placed widgets right: asks the extension for timelines, decides which
 /// entry shows, reloads when the rules say so, runs actions and opens links. Knows no widget and no

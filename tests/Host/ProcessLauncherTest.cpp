@@ -31,9 +31,12 @@ class ProcessLauncherTest : public testing::Test {
 protected:
     /// Launches a shell script.
     std::unique_ptr<ExtensionProcess> launch(std::string_view script) {
+        return launch(launcher_, script);
+    }
+    std::unique_ptr<ExtensionProcess> launch(ProcessLauncher& launcher, std::string_view script) {
         writeText(program_, "#!/bin/sh\n" + std::string(script));
         makeExecutable(program_);
-        return launcher_.launch(listener_);
+        return launcher.launch(listener_);
     }
     [[nodiscard]] bool exists(std::string_view name) const {
         return std::filesystem::exists(folder_ / name);
@@ -46,8 +49,7 @@ protected:
     std::filesystem::path program_ = folder_ / "extension";
     RecordingLog log_;
     RecordingListener listener_;
-    HostLimits limits_{.ending = 300ms};
-    ProcessLauncher launcher_{program_, limits_, log_};
+    ProcessLauncher launcher_{program_, {.ending = 20s}, log_};
 };
 
 TEST_F(ProcessLauncherTest, CarriesLinesBothWays) {
@@ -101,7 +103,8 @@ TEST_F(ProcessLauncherTest, AGentleEndLetsTheProcessFinish) {
 }
 
 TEST_F(ProcessLauncherTest, OneThatStaysAfterItsInputHasEndedIsKilled) {
-    const auto process = launch("echo $$; exec sleep 3600");
+    ProcessLauncher launcher(program_, {.ending = 300ms}, log_);
+    const auto process = launch(launcher, "echo $$; exec sleep 3600");
     ASSERT_TRUE(waitUntil([&] { return !listener_.lines.empty(); }));
     const auto folder = "/proc/" + listener_.lines.at(0);
     process->end(Ending::gently);
@@ -122,7 +125,7 @@ TEST_F(ProcessLauncherTest, AnEndAtOnceKills) {
 }
 
 TEST_F(ProcessLauncherTest, HearsNothingMoreAfterTheEnd) {
-    const auto process = launch("while :; do echo more; done");
+    const auto process = launch("while echo more; do :; done");
     EXPECT_TRUE(waitUntil([&] { return !listener_.lines.empty(); }));
     process->end(Ending::gently);
     const auto heard = listener_.lines.size();
@@ -133,11 +136,9 @@ TEST_F(ProcessLauncherTest, HearsNothingMoreAfterTheEnd) {
 TEST_F(ProcessLauncherTest, GoingAwayLetsAProcessFinishAndLeavesNoneBehind) {
     std::string folder;
     {
-        ProcessLauncher launcher(program_, limits_, log_);
-        writeText(program_, "#!/bin/sh\necho $$; while read line; do :; done; touch " +
-                                pathOf("finished") + "; sleep 3600");
-        makeExecutable(program_);
-        const auto process = launcher.launch(listener_);
+        ProcessLauncher launcher(program_, {.ending = 2s}, log_);
+        const auto process = launch(launcher, "echo $$; while read line; do :; done; touch " +
+                                                  pathOf("finished") + "; exec sleep 3600");
         ASSERT_TRUE(waitUntil([&] { return !listener_.lines.empty(); }));
         folder = "/proc/" + listener_.lines.at(0);
     }

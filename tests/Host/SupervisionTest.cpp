@@ -36,10 +36,16 @@ std::string setDiary(const std::string& path) {
     return path;
 }
 
-/// A host with a real process, and with limits that a test can wait for.
+/// A host with a real process. The limits are such that a test can wait for them, but an answer may
+/// take its time where the machine is busy with other things.
 class SupervisionTest : public testing::Test {
 protected:
-    SupervisionTest() {
+    explicit SupervisionTest(std::chrono::milliseconds answerLimit = 30s)
+        : limits_{.answer = answerLimit,
+                  .idle = 50ms,
+                  .ending = 500ms,
+                  .firstRetry = 20ms,
+                  .longestRetry = 200ms} {
         QObject::connect(&host_, &WidgetHost::entryChanged, &host_,
                          [this](WidgetId id) { changed_.push_back(id); });
     }
@@ -80,8 +86,7 @@ protected:
     QtTimers timers_;
     ManualFileWatch fileWatch_;
     RecordingLog log_;
-    HostLimits limits_{
-        .answer = 500ms, .idle = 50ms, .ending = 500ms, .firstRetry = 20ms, .longestRetry = 200ms};
+    HostLimits limits_;
     std::string program_ = copiedProgram(folder_ / "extension");
     ProcessLauncher launcher_{program_, limits_, log_};
     WidgetHost host_{
@@ -124,8 +129,13 @@ TEST_F(SupervisionTest, SurvivesAnExtensionThatEndsWithAFatalFault) {
     EXPECT_TRUE(survives("Exits", "ended with exit status 70"));
 }
 
-TEST_F(SupervisionTest, SurvivesAnExtensionThatHangs) {
-    EXPECT_TRUE(survives("Hangs", "did not answer for the placeholder of Hangs within 0.5 s"));
+class ImpatientSupervisionTest : public SupervisionTest {
+protected:
+    ImpatientSupervisionTest() : SupervisionTest(1s) {}
+};
+
+TEST_F(ImpatientSupervisionTest, SurvivesAnExtensionThatHangs) {
+    EXPECT_TRUE(survives("Hangs", "did not answer for the placeholder of Hangs within 1 s"));
 }
 
 TEST_F(SupervisionTest, SurvivesALineThatIsTooLong) {
@@ -164,7 +174,7 @@ TEST_F(SupervisionTest, RefusesForeignUrlsInContent) {
     EXPECT_THAT(log_.lines, Each(AllOf(HasSubstr("Foreign (small)"), HasSubstr("example.org"))));
 }
 
-TEST_F(SupervisionTest, OpensAUrlForAnActionAndReloadsAfterwards) {
+TEST_F(ImpatientSupervisionTest, OpensAUrlForAnActionAndReloadsAfterwards) {
     const auto id = host_.add("Good", small);
     EXPECT_TRUE(waitUntil([&] { return shows(id, "Good"); }));
     host_.perform({.name = "Open", .parameters = {{"url", std::string("clock://ticked")}}});

@@ -198,6 +198,16 @@ TEST_F(WidgetHostTest, AStepOfTheClockShowsTheRightEntryAndReloadsAll) {
     EXPECT_EQ(wallClockTimer_.armedFor, at(2'000));
 }
 
+TEST_F(WidgetHostTest, AStepOfTheClockBeyondThePolicysDateReloadsOnce) {
+    introduce();
+    place("Clock", timeline({entry(900, "a")}, kit::ReloadAfter{at(2'000)}));
+    clock_.set(at(2'500));
+    wallClockTimer_.step();
+    EXPECT_THAT(newRequests(), ElementsAre("timeline Clock"));
+    answerLast(timeline({entry(900, "a")}));
+    EXPECT_THAT(newRequests(), IsEmpty());
+}
+
 TEST_F(WidgetHostTest, AnActionReloadsAllWidgetsWhenItHasEnded) {
     introduce();
     place("Clock", timeline({entry(900, "a")}));
@@ -294,6 +304,18 @@ TEST_F(WidgetHostTest, AnotherEnvironmentAsksForAnotherTimeline) {
     EXPECT_EQ(std::get<kit::EntryRequest>(request.body).environment, large);
 }
 
+TEST_F(WidgetHostTest, AnotherEnvironmentAsksForAnotherPlaceholderWhileThereIsNoTimeline) {
+    introduce();
+    const auto id = host_.add("Clock", small);
+    process().answer(1, kit::encodeEntry(entry(0, "small placeholder")));
+    host_.setEnvironment(id, large);
+    process().answerWithError(2, "not yet");
+    static_cast<void>(newRequests());
+    process().answer(3, kit::encodeEntry(entry(0, "large placeholder")));
+    EXPECT_EQ(shown(id), "large placeholder");
+    EXPECT_TRUE(host_.showsPlaceholder(id));
+}
+
 TEST_F(WidgetHostTest, ATimelineForAnEarlierEnvironmentIsNotShown) {
     introduce();
     const auto id = place("Clock", timeline({entry(900, "old")}));
@@ -381,6 +403,25 @@ TEST_F(WidgetHostTest, OneWidgetThatKillsTheExtensionDoesNotKeepTheOthersFromThe
     }
     EXPECT_EQ(shown(clock), "good");
     EXPECT_EQ(shown(killer), "nothing");
+}
+
+TEST_F(WidgetHostTest, LetsGoOfItsSurroundings) {
+    ManualFileWatch fileWatch;
+    ManualWallClockTimer wallClockTimer;
+    {
+        WidgetHost host({.executable = "/opt/other", .urlScheme = "x", .reloadOnChange = {"/y"}},
+                        HostParts{opener_, clock_, wallClockTimer, timers_, launcher_, fileWatch,
+                                  log_, HostLimits{}});
+        host.add("Clock", small);
+        host.openLink("x://y");
+    }
+    EXPECT_THAT(fileWatch.paths, IsEmpty());
+    fileWatch.changed();
+    wallClockTimer.step();
+    opener_.calls.at(0).completed("too late");
+    timers_.advance(1h);
+    EXPECT_EQ(launcher_.last().ending, Ending::gently);
+    EXPECT_THAT(log_.lines, testing::Not(testing::Contains(HasSubstr("too late"))));
 }
 
 TEST_F(WidgetHostTest, OpensALinkThatWasPressedInFront) {

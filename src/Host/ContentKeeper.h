@@ -1,0 +1,59 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Host/ExtensionClient.h"
+#include "Host/HostParts.h"
+#include "Host/PlacedWidget.h"
+#include "Host/WidgetId.h"
+#include "Kit/Environment.h"
+
+namespace kelmar::host {
+
+/// The placed widgets and what each of them shows: asks the extension for timelines, checks what
+/// comes, and keeps the one wall-clock timer set for the next date at which something changes.
+class ContentKeeper {
+public:
+    /// `parts` and `client` outlive the keeper. `changed` runs when a widget looks different; it
+    /// may add and remove widgets.
+    ContentKeeper(const HostParts& parts, ExtensionClient& client, std::string urlScheme,
+                  std::function<void(WidgetId)> changed);
+    ~ContentKeeper();
+    ContentKeeper(const ContentKeeper&) = delete;
+    ContentKeeper& operator=(const ContentKeeper&) = delete;
+
+    WidgetId add(const std::string& kind, const kit::Environment& environment);
+    void setEnvironment(WidgetId id, const kit::Environment& environment);
+    void remove(WidgetId id);
+    [[nodiscard]] const PlacedWidget* find(WidgetId id) const;
+
+    void reload(const std::string& kind);
+    void reloadAll();
+
+private:
+    void wake(ClockEvent event);
+    void update(WidgetId id);
+    void beginReload(WidgetId id);
+    void ask(WidgetId id, kit::EntryKind entryKind);
+    void takePlaceholder(WidgetId id, const RequestOutcome& outcome,
+                         const kit::Environment& environment);
+    void takeTimeline(WidgetId id, const RequestOutcome& outcome,
+                      const kit::Environment& environment);
+    void refuse(WidgetId id, std::string_view what, const std::string& reason);
+    void tell(WidgetId id, Looks looks);
+    void arm();
+    [[nodiscard]] std::vector<WidgetId> ids() const;
+
+    HostParts parts_;
+    ExtensionClient& client_;
+    std::string urlScheme_;
+    std::function<void(WidgetId)> changed_;
+    std::map<WidgetId, PlacedWidget> widgets_;
+    WidgetId lastId_ = 0;
+};
+
+}  // namespace kelmar::host
