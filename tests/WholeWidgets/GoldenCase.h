@@ -16,8 +16,8 @@ namespace kelmar::testing {
 
 struct GoldenCase {
     std::string name;
-    std::string kind;
-    std::string input;  ///< Name of a snapshot; empty for none.
+    std::string kind = {};
+    std::string input = {};  ///< Name of a snapshot; empty for none.
     std::vector<kit::Family> families = {kit::Family::small, kit::Family::medium,
                                          kit::Family::large};
     double now = 1'760'036'400;  ///< 2025-10-09 15:00 in New York, a Thursday.
