@@ -48,8 +48,9 @@ QString usableFamily(const QString& name) {
     if (name.isEmpty()) {
         return {};
     }
-    // The names "Sans Serif" and "monospace" are no families but lead to one.
-    const QString family = QFontDatabase::hasFamily(name) ? name : QFontInfo(QFont(name)).family();
+    // The names "Sans Serif" and "monospace" are no families but lead to one. Qt may list them as
+    // families all the same, and then takes some of their letters from whatever font comes next.
+    const QString family = QFontInfo(QFont(name)).family();
     return writesLettersAndDigits(family) ? family : QString();
 }
 

@@ -12,7 +12,7 @@ namespace {
 constexpr int referenceSize = 100;
 
 /// In characters of cached text: a few hundred kilobytes, several screens full of widgets.
-constexpr qsizetype cacheCapacity = 64 * 1024;
+constexpr qsizetype cacheCapacity = 65'536;
 
 bool runsFromRightToLeft(const QString& text) {
     return std::ranges::any_of(text, [](QChar character) {

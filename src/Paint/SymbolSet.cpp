@@ -18,7 +18,8 @@ namespace kelmar::paint {
 namespace {
 
 /// In pixels of cached pictures: 4 MiB, far more than a screen full of widgets shows.
-constexpr qsizetype cacheCapacity = 1024 * 1024;
+constexpr qsizetype cacheCapacity = 1'048'576;
+constexpr qsizetype bytesPerPixel = 4;
 constexpr int largestSide = 2048;
 
 const QString resourceFolder = QStringLiteral(":/symbols/");
@@ -135,7 +136,7 @@ QImage SymbolSet::image(const SymbolRequest& request) const {
         return *known;
     }
     QImage picture = rendered(name, sized);
-    images_.insert(key, new QImage(picture), picture.width() * picture.height());
+    images_.insert(key, new QImage(picture), picture.sizeInBytes() / bytesPerPixel);
     return picture;
 }
 

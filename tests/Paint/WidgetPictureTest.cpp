@@ -105,10 +105,10 @@ class WidgetPictureTest : public ::testing::Test {
 protected:
     [[nodiscard]] WidgetPicture picture(const kit::DrawnEntry& entry, Family family,
                                         Direction direction = Direction::leftToRight) const {
-        return {entry, family, direction, resources_};
+        return {entry, family, direction, resources};
     }
 
-    const PaintResources resources_ = testing::testResources();
+    const PaintResources resources = testing::testResources();
 };
 
 kit::DrawnEntry empty(const kit::Color& background = kit::tertiaryFill) {
