@@ -42,21 +42,23 @@ std::optional<std::int64_t> integerOf(const std::string& text) {
 }  // namespace
 
 std::optional<JsonNumber> takeJsonNumber(std::string_view& rest) {
+    std::string_view text = rest;
     JsonNumber number;
-    number.isNegative = takeOneOf(rest, "-");
-    const bool startsWithZero = rest.starts_with('0');
-    number.whole = takeDigits(rest);
+    number.isNegative = takeOneOf(text, "-");
+    const bool startsWithZero = text.starts_with('0');
+    number.whole = takeDigits(text);
     if (number.whole.empty() || (startsWithZero && number.whole.size() > 1))
         return std::nullopt;
-    if (takeOneOf(rest, ".") && (number.fraction = takeDigits(rest)).empty())
+    if (takeOneOf(text, ".") && (number.fraction = takeDigits(text)).empty())
         return std::nullopt;
-    if (takeOneOf(rest, "eE")) {
-        number.isExponentNegative = rest.starts_with('-');
-        takeOneOf(rest, "+-");
-        number.exponent = takeDigits(rest);
+    if (takeOneOf(text, "eE")) {
+        number.isExponentNegative = text.starts_with('-');
+        takeOneOf(text, "+-");
+        number.exponent = takeDigits(text);
         if (number.exponent.empty())
             return std::nullopt;
     }
+    rest = text;
     return number;
 }
 

@@ -15,7 +15,8 @@ struct JsonNumber {
     std::string_view exponent;  ///< Empty when there is none.
 };
 
-/// Takes a number off the front of `rest`, as far as the grammar goes; nothing when there is none.
+/// Takes a number off the front of `rest`, as far as the grammar goes; nothing, and `rest` as it
+/// was, when there is none.
 [[nodiscard]] std::optional<JsonNumber> takeJsonNumber(std::string_view& rest);
 
 /// The integer that a text of one JSON number stands for, however it is written: "3", "3.0",
