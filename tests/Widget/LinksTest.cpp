@@ -33,5 +33,10 @@ TEST(Links, IdsAreEncodedForAUrlPath) {
     }
 }
 
+TEST(Links, ClassIdsAreEncodedAsAssignmentIdsAre) {
+    EXPECT_EQ(classUrl("c1"), "kelmarplanner://class/c1");
+    EXPECT_EQ(classUrl("c 1/ü?"), "kelmarplanner://class/c%201/%C3%BC%3F");
+}
+
 }  // namespace
 }  // namespace kelmar::widget
