@@ -61,7 +61,7 @@ TEST_F(ProcessLauncherTest, CarriesLinesBothWays) {
 }
 
 TEST_F(ProcessLauncherTest, HearsStandardErrorApart) {
-    const auto process = launch("echo oops >&2; echo fine; sleep 60");
+    const auto process = launch("echo oops >&2; echo fine; cat >/dev/null");
     EXPECT_TRUE(
         waitUntil([&] { return listener_.lines.size() + listener_.errorLines.size() == 2; }));
     EXPECT_THAT(listener_.lines, ElementsAre("fine"));
@@ -125,7 +125,8 @@ TEST_F(ProcessLauncherTest, AnEndAtOnceKills) {
 }
 
 TEST_F(ProcessLauncherTest, HearsNothingMoreAfterTheEnd) {
-    const auto process = launch("while echo more; do :; done");
+    ProcessLauncher launcher(program_, {.ending = 300ms}, log_);
+    const auto process = launch(launcher, "while echo more; do :; done");
     EXPECT_TRUE(waitUntil([&] { return !listener_.lines.empty(); }));
     process->end(Ending::gently);
     const auto heard = listener_.lines.size();
@@ -147,14 +148,14 @@ TEST_F(ProcessLauncherTest, GoingAwayLetsAProcessFinishAndLeavesNoneBehind) {
 }
 
 TEST_F(ProcessLauncherTest, StopsReadingAtAnOverlongLine) {
-    const auto process =
-        launch("echo short; head -c 8388609 /dev/zero | tr '\\0' x; echo; echo behind; sleep 60");
+    const auto process = launch(
+        "echo short; head -c 8388609 /dev/zero | tr '\\0' x; echo; echo behind; cat >/dev/null");
     EXPECT_TRUE(waitUntil([&] { return listener_.isOverlong; }));
     EXPECT_THAT(listener_.lines, ElementsAre("short"));
 }
 
 TEST_F(ProcessLauncherTest, TakesALineOfEightMebibytes) {
-    const auto process = launch("head -c 8388608 /dev/zero | tr '\\0' x; echo; sleep 60");
+    const auto process = launch("head -c 8388608 /dev/zero | tr '\\0' x; echo; cat >/dev/null");
     EXPECT_TRUE(waitUntil([&] { return !listener_.lines.empty(); }));
     EXPECT_EQ(listener_.lines.at(0).size(), 8'388'608U);
     EXPECT_FALSE(listener_.isOverlong);
