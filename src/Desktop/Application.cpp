@@ -5,12 +5,14 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "Desktop/ActivationToken.h"
 #include "Desktop/Desktop.h"
 #include "Desktop/DesktopPicture.h"
 #include "Desktop/FirstArrangement.h"
 #include "Desktop/Options.h"
 #include "Desktop/Termination.h"
 #include "Desktop/WidgetAccessibility.h"
+#include "Desktop/X11Hints.h"
 #include "Host/GioUrlOpener.h"
 #include "System/HomeFolder.h"
 #include "System/LocaleTexts.h"
@@ -32,8 +34,9 @@ void prepareQt(const Options& options) {
     // Qt looks for a screen reader once, at the start, and a screen reader that comes later would
     // find no widgets.
     qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
-    if (options.pictureFile && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Only X11 lets a window ask to lie on the desktop; in a Wayland session that is XWayland.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", options.pictureFile ? "offscreen" : "xcb");
     }
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setApplicationName("kelmar-widgets");
@@ -52,7 +55,7 @@ struct Ground {
         : host(extensionFile, urlOpener, clock) {}
 
     system::SystemClock clock;
-    host::GioUrlOpener urlOpener;
+    host::GioUrlOpener urlOpener{makeActivationToken};
     host::WidgetHost host;
     layout::Direction direction = system::LocaleTexts("", "").isRightToLeft()
                                       ? layout::Direction::rightToLeft
@@ -79,9 +82,10 @@ int showDesktop(Ground& ground, const Options& options, host::Log& log) {
                      .log = log,
                      .direction = ground.direction},
                     options);
-    QObject::connect(&desktop, &Desktop::quitRequested, qApp, &QApplication::quit,
-                     Qt::QueuedConnection);
-    const Termination termination([] { QApplication::quit(); });
+    // Not quit(): it would ask every window whether it may be closed, and they all say no.
+    const auto end = [] { QApplication::exit(0); };
+    QObject::connect(&desktop, &Desktop::quitRequested, qApp, end, Qt::QueuedConnection);
+    const Termination termination(end);
     const int status = QApplication::exec();
     desktop.save();
     return status;
@@ -157,8 +161,12 @@ int runDesktop(int argc, char** argv) {
     }
     const auto& options = std::get<Options>(read);
     prepareQt(options);
-    QApplication application(argc, argv);
     host::StreamLog log = host::StreamLog::onStandardError();
+    if (qgetenv("QT_QPA_PLATFORM") == "xcb" && !canReachXServer()) {
+        log.write(host::LogLevel::error, "There is no X display to put widgets on.");
+        return failureStatus;
+    }
+    QApplication application(argc, argv);
     const auto extensionFile = host::readExtensionFile(keyFileOf(options), system::homeFolder());
     if (!extensionFile) {
         log.write(host::LogLevel::error, extensionFile.failure().reason);

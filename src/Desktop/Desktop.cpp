@@ -59,13 +59,17 @@ void Desktop::followSurroundings() {
     connect(&parts_.host, &host::WidgetHost::entryChanged, this, &Desktop::showContent);
     connect(&parts_.look, &Look::changed, this, &Desktop::takeLook);
     connect(&parts_.compositor, &Compositor::changed, this, &Desktop::takeLook);
-    const auto follow = [this](QScreen* screen) {
-        connect(screen, &QScreen::geometryChanged, this, &Desktop::putWindowsInPlace);
-        connect(screen, &QScreen::availableGeometryChanged, this, &Desktop::putWindowsInPlace);
-        putWindowsInPlace();
+    // Later: Qt moves windows about by itself while it tells of a screen that has gone.
+    const auto putInPlaceLater = [this] {
+        QMetaObject::invokeMethod(this, &Desktop::putWindowsInPlace, Qt::QueuedConnection);
+    };
+    const auto follow = [this, putInPlaceLater](QScreen* screen) {
+        connect(screen, &QScreen::geometryChanged, this, putInPlaceLater);
+        connect(screen, &QScreen::availableGeometryChanged, this, putInPlaceLater);
+        putInPlaceLater();
     };
     connect(qGuiApp, &QGuiApplication::screenAdded, this, follow);
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &Desktop::putWindowsInPlace);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, putInPlaceLater);
     const QList<QScreen*> screens = QGuiApplication::screens();
     std::for_each(screens.begin(), screens.end(), follow);
 }

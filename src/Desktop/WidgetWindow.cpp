@@ -1,6 +1,8 @@
 #include "Desktop/WidgetWindow.h"
 
+#include <QCloseEvent>
 #include <QContextMenuEvent>
+#include <QCursor>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
@@ -81,6 +83,9 @@ void WidgetWindow::setContent(const kit::DrawnEntry& entry, paint::Redaction red
     widgetUrl_ = entry.widgetUrl;
     style_.redaction = redaction;
     announceBoxes(*this);
+    if (underMouse() && gesture_.kind() != PressGesture::Kind::drag) {
+        updateCursor(targetAtPointer(mapFromGlobal(QCursor::pos())));
+    }
     redraw();
 }
 
@@ -136,8 +141,7 @@ void WidgetWindow::mouseMoveEvent(QMouseEvent* event) {
     switch (gesture_.moveTo(toPoint(pointer), threshold)) {
         case PressGesture::Kind::none:
         case PressGesture::Kind::press:
-            setCursor(targetAtPointer(event->position()) ? Qt::PointingHandCursor
-                                                         : Qt::ArrowCursor);
+            updateCursor(targetAtPointer(event->position()));
             break;
         case PressGesture::Kind::drag:
             setCursor(Qt::ClosedHandCursor);
@@ -151,7 +155,7 @@ void WidgetWindow::mouseReleaseEvent(QMouseEvent* event) {
         return;
     }
     const std::optional<PressTarget> target = targetAtPointer(event->position());
-    setCursor(target ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    updateCursor(target);
     if (gesture_.kind() == PressGesture::Kind::drag) {
         gesture_.cancel();
         emit movedByHand(pos());
@@ -165,6 +169,12 @@ void WidgetWindow::contextMenuEvent(QContextMenuEvent* event) {
     emit menuRequested(event->globalPos());
 }
 
+void WidgetWindow::closeEvent(QCloseEvent* event) {
+    // A widget goes when its menu says so: a window manager's "close", which nothing would undo,
+    // must not take it away. The end of the session must not be held up either.
+    event->setAccepted(qGuiApp->isSavingSession());
+}
+
 std::optional<PressTarget> WidgetWindow::targetAtPointer(QPointF position) const {
     if (style_.redaction == paint::Redaction::redacted) {
         return std::nullopt;
@@ -174,6 +184,10 @@ std::optional<PressTarget> WidgetWindow::targetAtPointer(QPointF position) const
 
 void WidgetWindow::drag(QPoint pointer) {
     move(snapped(pointer - grip_, gridOrigin(pointer)));
+}
+
+void WidgetWindow::updateCursor(const std::optional<PressTarget>& target) {
+    setCursor(target ? Qt::PointingHandCursor : Qt::ArrowCursor);
 }
 
 void WidgetWindow::redraw() {

@@ -55,10 +55,12 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     [[nodiscard]] std::optional<PressTarget> targetAtPointer(QPointF position) const;
     void drag(QPoint pointer);
+    void updateCursor(const std::optional<PressTarget>& target);
     void redraw();
     void updateMask();
     void scheduleLiveChange();

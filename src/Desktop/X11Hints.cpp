@@ -31,4 +31,11 @@ void applyDesktopHints(QWindow& window) {
     xcb_flush(x);
 }
 
+bool canReachXServer() {
+    xcb_connection_t* x = xcb_connect(nullptr, nullptr);
+    const bool isReachable = xcb_connection_has_error(x) == 0;
+    xcb_disconnect(x);
+    return isReachable;
+}
+
 }  // namespace kelmar::desktop

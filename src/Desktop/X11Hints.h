@@ -9,4 +9,7 @@ namespace kelmar::desktop {
 /// called before every show, because hiding a window drops its states. Does nothing off X11.
 void applyDesktopHints(QWindow& window);
 
+/// Whether an X server answers. Qt would end the process with a core dump where none does.
+[[nodiscard]] bool canReachXServer();
+
 }  // namespace kelmar::desktop

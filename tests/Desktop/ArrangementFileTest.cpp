@@ -2,11 +2,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
-
-#include "tests/Desktop/RecordingLog.h"
 #include <gtest/gtest.h>
 
 #include "Desktop/ArrangementFile.h"
+#include "tests/Desktop/RecordingLog.h"
 
 namespace kelmar::desktop {
 namespace {

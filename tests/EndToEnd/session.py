@@ -31,6 +31,17 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
 </busconfig>
 """
 
+# The font that the command line draws pictures with, so that both can be compared.
+FONT_CONFIGURATION = """<?xml version="1.0"?>
+<!DOCTYPE fontconfig SYSTEM "fonts.dtd">
+<fontconfig>
+  <alias binding="strong">
+    <family>sans-serif</family>
+    <prefer><family>Inter</family></prefer>
+  </alias>
+</fontconfig>
+"""
+
 RECORDING_PLANNER = """#!/bin/sh
 printf '%s\\n' "$1" >> '{record}'
 """
@@ -62,6 +73,7 @@ class Session:
 
     def start(self):
         self.environment = self._base_environment()
+        self.write_in_home(".config/fontconfig/fonts.conf", FONT_CONFIGURATION)
         self._start_x_server()
         self._start_session_bus()
         self.processes.start("openbox", ["openbox", "--sm-disable"], self.environment)
@@ -156,7 +168,14 @@ class Session:
 
     def windows_named(self, name):
         """The visible windows of a name."""
-        search = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{name}$"],
+        return self._visible_windows("--name", name)
+
+    def windows_of_class(self, name):
+        """The visible windows of a program."""
+        return self._visible_windows("--class", name)
+
+    def _visible_windows(self, criterion, pattern):
+        search = subprocess.run(["xdotool", "search", "--onlyvisible", criterion, f"^{pattern}$"],
                                 env=self.environment, stdout=subprocess.PIPE,
                                 stderr=subprocess.DEVNULL, text=True, check=False)
         return [int(line) for line in search.stdout.split()]

@@ -1,0 +1,87 @@
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QFont>
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+
+#include "Desktop/PortalSettings.h"
+#include "tests/Desktop/FakePortal.h"
+#include "tests/Desktop/RecordingLog.h"
+
+namespace kelmar::desktop {
+namespace {
+
+bool waitFor(const std::function<bool()>& condition) {
+    for (const QDeadlineTimer deadline(20'000); !deadline.hasExpired();) {
+        if (condition()) {
+            return true;
+        }
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    }
+    return condition();
+}
+
+class PortalOnBusTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() { bus_ = std::make_unique<test::PrivateBus>(); }
+    static void TearDownTestSuite() { bus_.reset(); }
+
+    void startPortal(const test::Settings& settings) {
+        portal_ = std::make_unique<test::FakePortal>(bus_->address());
+        portal_->settings = settings;
+    }
+
+    static test::Settings appearance(const char* key, const QVariant& value) {
+        return {{"org.freedesktop.appearance", {{key, value}}}};
+    }
+
+    inline static std::unique_ptr<test::PrivateBus> bus_;
+    std::unique_ptr<test::FakePortal> portal_;
+    test::RecordingLog log_;
+};
+
+TEST_F(PortalOnBusTest, PreferencesComeWithoutBeingWaitedFor) {
+    startPortal({{"org.freedesktop.appearance", {{"color-scheme", 1U}}},
+                 {"org.gnome.desktop.interface", {{"font-name", "Cantarell 11"}}}});
+    const PortalSettings settings(log_);
+    EXPECT_EQ(settings.preferences(), Preferences{});
+    ASSERT_TRUE(waitFor([&] { return settings.preferences().scheme.has_value(); }));
+    EXPECT_EQ(settings.preferences().scheme, paint::Scheme::dark);
+    EXPECT_EQ(settings.preferences().fontFamily, "Cantarell");
+    EXPECT_TRUE(portal_->askedFor.contains("org.freedesktop.appearance"));
+    EXPECT_TRUE(log_.lines.empty());
+}
+
+TEST_F(PortalOnBusTest, ChangeIsFollowed) {
+    startPortal(appearance("color-scheme", 1U));
+    const PortalSettings settings(log_);
+    ASSERT_TRUE(waitFor([&] { return settings.preferences().scheme == paint::Scheme::dark; }));
+    emit portal_->SettingChanged("org.freedesktop.appearance", "color-scheme", QDBusVariant(2U));
+    EXPECT_TRUE(waitFor([&] { return settings.preferences().scheme == paint::Scheme::light; }));
+}
+
+TEST_F(PortalOnBusTest, OnlyRealChangesAreTold) {
+    startPortal(appearance("color-scheme", 1U));
+    const PortalSettings settings(log_);
+    int changes = 0;
+    QObject::connect(&settings, &PortalSettings::changed, [&] { ++changes; });
+    ASSERT_TRUE(waitFor([&] { return changes == 1; }));
+    emit portal_->SettingChanged("org.freedesktop.appearance", "color-scheme", QDBusVariant(1U));
+    emit portal_->SettingChanged("org.freedesktop.appearance", "contrast", QDBusVariant(1U));
+    emit portal_->SettingChanged("org.freedesktop.appearance", "color-scheme", QDBusVariant(2U));
+    ASSERT_TRUE(waitFor([&] { return settings.preferences().scheme == paint::Scheme::light; }));
+    EXPECT_EQ(changes, 2);
+}
+
+TEST_F(PortalOnBusTest, PortalThatStartsLaterIsAsked) {
+    const PortalSettings settings(log_);
+    ASSERT_TRUE(waitFor([&] { return !log_.lines.empty(); }));
+    EXPECT_NE(log_.lines[0].find("no settings portal"), std::string::npos);
+    startPortal(appearance("color-scheme", 1U));
+    EXPECT_TRUE(waitFor([&] { return settings.preferences().scheme == paint::Scheme::dark; }));
+    EXPECT_EQ(log_.lines.size(), 1U);
+}
+
+}  // namespace
+}  // namespace kelmar::desktop

@@ -1,0 +1,254 @@
+#include <QAccessible>
+#include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QMouseEvent>
+#include <QScreen>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "Desktop/WidgetAccessibility.h"
+#include "Desktop/WidgetWindow.h"
+#include "Paint/PaintResources.h"
+
+namespace kelmar::desktop {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr QPoint button(36, 36);
+constexpr QPoint link(96, 36);
+constexpr QPoint besideAll(100, 120);
+
+kit::View field() {
+    return kit::Frame{
+        .lengths = {.width = 40, .height = 40, .maxWidth = {}, .maxHeight = {}},
+        .alignment = {},
+        .child = kit::View(kit::Shape{.fill = kit::Color::rgb(1, 0, 0), .stroke = {}})};
+}
+
+const kit::Intent press{.name = "Press", .parameters = {}};
+
+/// A button and a link of 40 points in the top left corner, 20 points apart.
+kit::DrawnEntry entry(const std::optional<std::string>& widgetUrl = std::nullopt) {
+    const kit::View row = kit::HStack{
+        .alignment = kit::VerticalAlignment::top,
+        .spacing = 20,
+        .children = {
+            kit::Button{.intent = press, .label = "Mark it done", .child = field()},
+            kit::Link{.url = "probe://linked",
+                      .child = kit::View(kit::Accessible{.label = "Open it", .child = field()})}}};
+    return {.content = kit::Frame{.lengths = {.width = {},
+                                              .height = {},
+                                              .maxWidth = kit::infinity,
+                                              .maxHeight = kit::infinity},
+                                  .alignment = {kit::HorizontalAlignment::leading,
+                                                kit::VerticalAlignment::top},
+                                  .child = row},
+            .background = kit::Color::rgb(0, 0, 1),
+            .widgetUrl = widgetUrl};
+}
+
+class WidgetWindowTest : public testing::Test {
+protected:
+    WidgetWindowTest() {
+        QObject::connect(&window_, &WidgetWindow::actionRequested,
+                         [this](const layout::Action& action) { actions_.push_back(action); });
+        QObject::connect(&window_, &WidgetWindow::movedByHand,
+                         [this](QPoint place) { places_.push_back(place); });
+        QObject::connect(&window_, &WidgetWindow::menuRequested,
+                         [this](QPoint place) { menus_.push_back(place); });
+        window_.setName("Probe");
+        show(entry());
+        window_.move(80, 80);
+        window_.show();
+    }
+
+    void show(const kit::DrawnEntry& drawn, paint::Redaction redaction = paint::Redaction::shown) {
+        window_.setContent(drawn, redaction, layout::Direction::leftToRight, resources_);
+    }
+
+    void send(QEvent::Type type, QPoint inWindow, Qt::MouseButton which = Qt::LeftButton) {
+        const Qt::MouseButtons held =
+            type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::MouseButtons(which);
+        QMouseEvent event(type, inWindow, window_.pos() + inWindow,
+                          type == QEvent::MouseMove ? Qt::NoButton : which, held, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window_, &event);
+    }
+
+    void click(QPoint place, Qt::MouseButton which = Qt::LeftButton) {
+        send(QEvent::MouseButtonPress, place, which);
+        send(QEvent::MouseButtonRelease, place, which);
+    }
+
+    system::ManualClock clock_{system::Date::since1970(1'760'000'000)};
+    paint::PaintResources resources_{paint::FontSet("Inter")};
+    WidgetWindow window_{kit::Family::medium, clock_};
+    std::vector<layout::Action> actions_;
+    std::vector<QPoint> places_;
+    std::vector<QPoint> menus_;
+};
+
+TEST_F(WidgetWindowTest, ClickRunsTheActionUnderIt) {
+    click(button);
+    click(link);
+    EXPECT_THAT(actions_, ElementsAre(layout::Action(layout::ButtonAction{press}),
+                                      layout::Action(layout::LinkAction{"probe://linked"})));
+}
+
+TEST_F(WidgetWindowTest, ClickBesideEveryActionRunsNothing) {
+    click(besideAll);
+    EXPECT_TRUE(actions_.empty());
+}
+
+TEST_F(WidgetWindowTest, ClickBesideEveryActionOpensTheWidgetsUrl) {
+    show(entry("probe://whole"));
+    click(besideAll);
+    EXPECT_THAT(actions_, ElementsAre(layout::Action(layout::LinkAction{"probe://whole"})));
+}
+
+TEST_F(WidgetWindowTest, RedactedWidgetCannotBePressed) {
+    show(entry("probe://whole"), paint::Redaction::redacted);
+    click(button);
+    click(besideAll);
+    EXPECT_TRUE(actions_.empty());
+    EXPECT_TRUE(window_.boxes().empty());
+}
+
+TEST_F(WidgetWindowTest, OtherPointerButtonsPressNothing) {
+    click(button, Qt::RightButton);
+    click(button, Qt::MiddleButton);
+    EXPECT_TRUE(actions_.empty());
+}
+
+TEST_F(WidgetWindowTest, DraggedWindowFollowsThePointerOnTheGrid) {
+    send(QEvent::MouseButtonPress, button);
+    send(QEvent::MouseMove, button + QPoint(45, 21));
+    EXPECT_EQ(window_.pos(), QPoint(128, 104));
+    send(QEvent::MouseButtonRelease, button);
+    EXPECT_THAT(places_, ElementsAre(QPoint(128, 104)));
+    EXPECT_TRUE(actions_.empty());
+}
+
+TEST_F(WidgetWindowTest, ShortWayIsStillAClick) {
+    send(QEvent::MouseButtonPress, button);
+    send(QEvent::MouseMove, button + QPoint(3, 3));
+    send(QEvent::MouseButtonRelease, button + QPoint(3, 3));
+    EXPECT_EQ(actions_.size(), 1U);
+    EXPECT_TRUE(places_.empty());
+    EXPECT_EQ(window_.pos(), QPoint(80, 80));
+}
+
+TEST_F(WidgetWindowTest, PointerBecomesAHandOverActionsOnly) {
+    send(QEvent::MouseMove, button);
+    EXPECT_EQ(window_.cursor().shape(), Qt::PointingHandCursor);
+    send(QEvent::MouseMove, besideAll);
+    EXPECT_EQ(window_.cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(WidgetWindowTest, MenuKeyOrButtonAsksForTheMenuAndEndsAPress) {
+    send(QEvent::MouseButtonPress, button);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, button, window_.pos() + button);
+    QCoreApplication::sendEvent(&window_, &event);
+    send(QEvent::MouseButtonRelease, button);
+    EXPECT_THAT(menus_, ElementsAre(QPoint(116, 116)));
+    EXPECT_TRUE(actions_.empty());
+}
+
+TEST_F(WidgetWindowTest, WindowManagerCannotCloseAWidget) {
+    EXPECT_FALSE(window_.close());
+    EXPECT_TRUE(window_.isVisible());
+}
+
+TEST_F(WidgetWindowTest, FamilyDecidesTheSize) {
+    EXPECT_EQ(window_.size(), QSize(364, 170));
+    window_.setFamily(kit::Family::large);
+    EXPECT_EQ(window_.size(), QSize(364, 382));
+}
+
+TEST_F(WidgetWindowTest, PicturesFillTheWindowWithTheWidgetsBackground) {
+    const QImage picture = window_.grab().toImage();
+    EXPECT_EQ(picture.pixelColor(besideAll * picture.devicePixelRatio()), QColor(0, 0, 255));
+    EXPECT_EQ(picture.pixelColor(button * picture.devicePixelRatio()), QColor(255, 0, 0));
+}
+
+TEST_F(WidgetWindowTest, CornersAreCutOutOnDemandOnly) {
+    window_.setCorners(Corners::cutOut);
+    EXPECT_FALSE(window_.mask().contains(QPoint(0, 0)));
+    EXPECT_FALSE(window_.mask().contains(QPoint(363, 169)));
+    EXPECT_TRUE(window_.mask().contains(QPoint(22, 0)));
+    window_.setCorners(Corners::transparent);
+    EXPECT_TRUE(window_.mask().isEmpty());
+}
+
+class WidgetAccessibilityTest : public WidgetWindowTest {
+protected:
+    static void SetUpTestSuite() { installWidgetAccessibility(); }
+
+    QAccessibleInterface* widget() { return QAccessible::queryAccessibleInterface(&window_); }
+
+    std::vector<std::string> names() {
+        std::vector<std::string> names;
+        for (int index = 0; index < widget()->childCount(); ++index) {
+            names.push_back(widget()->child(index)->text(QAccessible::Name).toStdString());
+        }
+        return names;
+    }
+};
+
+TEST_F(WidgetAccessibilityTest, WindowHasTheWidgetsName) {
+    EXPECT_EQ(widget()->text(QAccessible::Name), "Probe");
+}
+
+TEST_F(WidgetAccessibilityTest, EveryActionIsAChildWithItsNameAndRole) {
+    ASSERT_THAT(names(), ElementsAre("Mark it done", "Open it"));
+    EXPECT_EQ(widget()->child(0)->role(), QAccessible::Button);
+    EXPECT_EQ(widget()->child(1)->role(), QAccessible::Link);
+    EXPECT_EQ(widget()->child(0)->parent(), widget());
+    EXPECT_EQ(widget()->indexOfChild(widget()->child(1)), 1);
+    EXPECT_EQ(widget()->child(2), nullptr);
+    EXPECT_EQ(widget()->child(-1), nullptr);
+}
+
+TEST_F(WidgetAccessibilityTest, ChildStandsWhereItIsSeen) {
+    EXPECT_EQ(widget()->child(0)->rect(), QRect(96, 96, 40, 40));
+    EXPECT_EQ(widget()->childAt(180, 100), widget()->child(1));
+    EXPECT_EQ(widget()->childAt(80, 80), nullptr);
+}
+
+TEST_F(WidgetAccessibilityTest, PressActionRunsTheBox) {
+    widget()->child(0)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_THAT(actions_, ElementsAre(layout::Action(layout::ButtonAction{press})));
+    widget()->child(0)->actionInterface()->doAction("dance");
+    EXPECT_EQ(actions_.size(), 1U);
+}
+
+TEST_F(WidgetAccessibilityTest, ToggleSaysWhetherItIsOn) {
+    kit::DrawnEntry drawn = entry();
+    drawn.content =
+        kit::Toggle{.isOn = true,
+                    .intent = press,
+                    .child = kit::View(kit::Accessible{.label = "Alarm", .child = field()})};
+    show(drawn);
+    ASSERT_THAT(names(), ElementsAre("Alarm"));
+    EXPECT_EQ(widget()->child(0)->role(), QAccessible::CheckBox);
+    EXPECT_TRUE(widget()->child(0)->state().checked);
+    EXPECT_EQ(widget()->child(0)->actionInterface()->actionNames(),
+              QStringList{QAccessibleActionInterface::toggleAction()});
+}
+
+TEST_F(WidgetAccessibilityTest, TextIsReadAndCannotBePressed) {
+    kit::DrawnEntry drawn = entry();
+    drawn.content = kit::Text{.text = "Nothing else due this week.", .font = {}, .lineLimit = 1};
+    show(drawn);
+    ASSERT_THAT(names(), ElementsAre("Nothing else due this week."));
+    EXPECT_EQ(widget()->child(0)->role(), QAccessible::StaticText);
+    EXPECT_EQ(widget()->child(0)->actionInterface(), nullptr);
+}
+
+TEST_F(WidgetAccessibilityTest, PlaceholderIsNotReadOut) {
+    show(entry(), paint::Redaction::redacted);
+    EXPECT_TRUE(names().empty());
+}
+
+}  // namespace
+}  // namespace kelmar::desktop
