@@ -160,7 +160,8 @@ bool RecordDecoder::decode(Value value, std::optional<Content>& optional) {
         optional.reset();
         return true;
     }
-    return decode(value, optional.emplace());
+    optional = Content();
+    return decode(value, *optional);
 }
 
 }  // namespace kelmar::shared

@@ -17,6 +17,8 @@ struct Field {
     std::string_view name;
     Member Record::*member;
 };
+template <class Record, class Member>
+Field(const char*, Member Record::*) -> Field<Record, Member>;
 
 /// The fields of a record in the order of declaration: specialised, with a tuple `all`, for every
 /// record that has a JSON form. Reading and writing both follow this one list. Fields whose type

@@ -51,15 +51,15 @@ bool WidgetData::Streak::isAlive(system::Date now, const system::Calendar& calen
 std::vector<WidgetData::Streak::Day> WidgetData::Streak::recent(
     system::Date now, const system::Calendar& calendar) const {
     constexpr std::int64_t coveredByFreeze = 2;
-    const system::Date today = calendar.startOfDay(now);
+    const system::Date lastDay = calendar.startOfDay(now);
     std::vector<Day> days;
     for (int offset = -6; offset <= 0; ++offset) {
-        const system::Date date = addDays(today, offset, calendar);
+        const system::Date date = addDays(lastDay, offset, calendar);
         const auto entry = hist.find(key(date, calendar));
         Mark mark = Mark::none;
         if (entry != hist.end())
             mark = entry->second == coveredByFreeze ? Mark::covered : Mark::streak;
-        days.push_back({calendar.startOfDay(date), mark, date == today});
+        days.push_back({calendar.startOfDay(date), mark, date == lastDay});
     }
     return days;
 }
