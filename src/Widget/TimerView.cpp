@@ -30,11 +30,14 @@ kit::View smallLayout(const TimerPieces& pieces) {
 }
 
 kit::View mediumLayout(const TimerPieces& pieces) {
-    return kit::HStack{
+    const kit::View row = kit::HStack{
         .alignment = kit::VerticalAlignment::top,
         .spacing = 14,
         .children = {clockColumn(pieces), kit::Frame{.lengths = {.width = 112},
                                                      .child = pieces.buttons(Presets::present)}}};
+    // At the top of the widget as well, so that the clock stays where it is when the number of
+    // buttons changes.
+    return filling(row, topLeading);
 }
 
 }  // namespace

@@ -265,6 +265,28 @@ class Control(unittest.TestCase):
             self.assertEqual((preview["running"], preview["text"], preview["symbol"]),
                              (False, "Start", "timer"))
 
+    def test_says_until_when_a_session_runs(self):
+        timer = {"state": "running", "ringing": False, "total": 1500, "secsLeft": 600,
+                 "endAt": NOW + 600, "isBreak": False, "className": "Biology",
+                 "classColor": "#10B981", "sessionTitle": "", "presets": []}
+        with Home(snapshot(timer=timer)) as home:
+            self.assertEqual(answer("control", home=home),
+                             {"running": True, "text": "Until 3:10\u202fPM", "symbol": "pause.fill"})
+            self.assertEqual(run("control", home=home).stdout,
+                             "Until 3:10\u202fPM (on, pause.fill)\n")
+
+    def test_a_length_that_no_clock_can_show_is_a_fatal_fault(self):
+        timer = {"state": "paused", "ringing": False, "total": 1500, "secsLeft": 2 ** 63,
+                 "isBreak": False, "className": "", "classColor": "", "sessionTitle": "",
+                 "presets": []}
+        with Home(snapshot(timer=timer)) as home:
+            for words in (("control",), ("view", "StudyTimer")):
+                result = run(*words, home=home)
+                self.assertEqual((result.returncode, result.stdout), (70, ""), words)
+                self.assertEqual(len(result.stderr.splitlines()), 1, (words, result.stderr))
+            # Whatever does not have to show it goes on.
+            self.assertEqual(run("view", "Streak", home=home).returncode, 0)
+
 
 class Pictures(unittest.TestCase):
     def size(self, path):

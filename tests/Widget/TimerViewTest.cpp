@@ -70,14 +70,17 @@ TEST(TimerMedium, SetsTheButtonsWithPresetsBesideTheColumn) {
     const kit::View view = drawnTimer(readyTimer(), Family::medium).content;
     EXPECT_EQ(textsOf(view),
               (Texts{"Biology", "25:00", "Ready to focus", "Start", "50 min", "15 min"}));
-    const auto rows = allOf<kit::HStack>(view);
-    ASSERT_FALSE(rows.empty());
-    EXPECT_EQ(rows[0].alignment, kit::VerticalAlignment::top);
-    EXPECT_EQ(rows[0].spacing, 14);
-    ASSERT_EQ(rows[0].children.size(), 2U);
-    EXPECT_EQ(std::get<kit::Frame>(rows[0].children[1].node).lengths,
+    const auto& whole = std::get<kit::Frame>(view.node);
+    EXPECT_EQ(whole.lengths,
+              (kit::FrameLengths{.maxWidth = kit::infinity, .maxHeight = kit::infinity}));
+    EXPECT_EQ(whole.alignment.vertical, kit::VerticalAlignment::top);
+    const auto& row = std::get<kit::HStack>(whole.child->node);
+    EXPECT_EQ(row.alignment, kit::VerticalAlignment::top);
+    EXPECT_EQ(row.spacing, 14);
+    ASSERT_EQ(row.children.size(), 2U);
+    EXPECT_EQ(std::get<kit::Frame>(row.children[1].node).lengths,
               (kit::FrameLengths{.width = 112}));
-    EXPECT_EQ(allOf<kit::Button>(rows[0].children[1]).size(), 3U);
+    EXPECT_EQ(allOf<kit::Button>(row.children[1]).size(), 3U);
 }
 
 TEST(TimerColumn, HoldsClassClockBarAndStatusInThisOrder) {
