@@ -44,10 +44,10 @@ WidgetWindow::WidgetWindow(kit::Family family, const system::Clock& clock)
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnBottomHint |
                    Qt::WindowDoesNotAcceptFocus);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    // The choice of a visual with transparency cannot be made later, when a compositor starts.
-    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_NoSystemBackground);
     setMouseTracking(true);
     setFixedSize(windowSize(family));
+    updateMask();
     liveTimer_.setSingleShot(true);
     liveTimer_.setTimerType(Qt::PreciseTimer);
     connect(&liveTimer_, &QTimer::timeout, this, &WidgetWindow::redraw);
@@ -71,9 +71,21 @@ void WidgetWindow::setAppearance(const paint::Appearance& appearance) {
 }
 
 void WidgetWindow::setCorners(Corners corners) {
+    if (corners == corners_) {
+        return;
+    }
+    // A window with transparency has another visual, which is chosen when it is made. Without a
+    // compositor the plain one is better: the server then says when the window is covered.
+    const bool wasVisible = isVisible();
+    hide();
+    visibility_.reset();
+    destroy();
     corners_ = corners;
+    setAttribute(Qt::WA_TranslucentBackground, corners == Corners::transparent);
+    setAttribute(Qt::WA_NoSystemBackground);
     updateMask();
     redraw();
+    setVisible(wasVisible);
 }
 
 void WidgetWindow::setContent(const kit::DrawnEntry& entry, paint::Redaction redaction,

@@ -17,8 +17,9 @@
 
 namespace kelmar::desktop {
 
-/// Whether the corners are left out of the window, or transparent in it.
-enum class Corners { transparent, cutOut };
+/// Whether the corners are left out of the window, or transparent in it. The latter needs a
+/// compositor, without which they would be black.
+enum class Corners { cutOut, transparent };
 
 /// One widget on the desktop: draws what it is given and tells what the user does to it.
 class WidgetWindow final : public QWidget {
@@ -68,7 +69,7 @@ private:
     const system::Clock& clock_;
     kit::Family family_;
     paint::PaintStyle style_;
-    Corners corners_ = Corners::transparent;
+    Corners corners_ = Corners::cutOut;
     std::optional<paint::WidgetPicture> picture_;
     std::optional<std::string> widgetUrl_;
     QImage image_;  ///< The picture in pixels; null when it has to be drawn anew.

@@ -11,7 +11,11 @@ from session import binary, make_program
 BUTTON = (36, 36)
 TOGGLE = (96, 36)
 LINK = (156, 36)
-BESIDE_ALL = (100, 120)
+BESIDE_ALL = (100, 180)
+SMALL_BESIDE_ALL = (100, 120)
+# What changes by itself, when it is shown: left, top, width and height.
+COUNTDOWN = (16, 76, 120, 24)
+BAR = (16, 116, 332, 12)
 
 KEY_FILE = """[Extension]
 Exec=probe-extension
@@ -59,6 +63,11 @@ class Probe:
         with open(os.path.join(self.folder, "color"), "w", encoding="ascii") as file:
             file.write(f"{red} {green} {blue}")
 
+    def show_live_things(self):
+        """From the next timeline on."""
+        with open(os.path.join(self.folder, "live"), "w", encoding="ascii"):
+            pass
+
     def tell_of_change(self):
         """Touches the file that the key file names."""
         self._session.write_in_home("probe-content", "changed")
@@ -76,8 +85,11 @@ class Probe:
         with open(os.path.join(self.folder, "pid"), encoding="ascii") as file:
             return int(file.read())
 
-    def background(self):
+    def part(self, area):
+        """What is now seen of a part of its window."""
+        x, y = self.place()
+        return self._session.screenshot().part(x + area[0], y + area[1], *area[2:])
+
+    def background(self, field=BESIDE_ALL):
         """The colour now seen beside the fields."""
-        place = self.place()
-        return self._session.screenshot().pixel(place[0] + BESIDE_ALL[0],
-                                                place[1] + BESIDE_ALL[1])
+        return self.part((*field, 1, 1)).pixel(0, 0)

@@ -2,6 +2,7 @@
 down. In its own folder it finds and leaves these files:
 
     color       the background's colour as "r g b" from 0 to 1, read for every timeline
+    live        if it is there, a countdown and a bar that empties by itself are shown too
     requests    one line for every request that has come, as JSON
     pid         the process id of the one that runs now
 """
@@ -10,8 +11,6 @@ import json
 import os
 import sys
 import time
-
-FAR_AWAY = 1e11
 
 
 class Probe:
@@ -45,11 +44,23 @@ class Probe:
 
     def _entry(self, parameters):
         entry = {"date": time.time() - 1, "view": {
-            "content": content(parameters["kind"]),
+            "content": self._content(parameters["kind"]),
             "background": {"rgb": self._color()}}}
         if parameters["environment"]["family"] == "systemSmall":
             entry["view"]["widgetUrl"] = "probe://whole"
         return entry
+
+    def _content(self, kind):
+        parts = [fields(kind)]
+        if os.path.exists(os.path.join(self._folder, "live")):
+            now = time.time()
+            parts += [{"type": "countdown", "from": now, "to": now + 3600,
+                       "font": {"size": 20}, "color": {"rgb": [1, 1, 1]}},
+                      {"type": "progress", "from": now, "to": now + 60,
+                       "tint": {"rgb": [1, 1, 1]}}]
+        return {"type": "frame", "maxWidth": "infinity", "maxHeight": "infinity",
+                "alignment": "topLeading", "child":
+                {"type": "vstack", "alignment": "leading", "spacing": 20, "children": parts}}
 
     def _color(self):
         try:
@@ -79,16 +90,14 @@ def field(color):
             {"type": "shape", "shape": "rectangle", "fill": {"rgb": color}}}
 
 
-def content(kind):
-    """A button, a toggle and a link in a row, 20 points apart, at the top left."""
-    row = {"type": "hstack", "spacing": 20, "children": [
+def fields(kind):
+    """A button, a toggle and a link in a row, 20 points apart."""
+    return {"type": "hstack", "spacing": 20, "children": [
         {"type": "button", "label": "Press " + kind, "child": field([1, 0, 0]),
          "intent": {"name": "Press", "parameters": {"id": "a/b", "count": 3, "on": True}}},
         {"type": "toggle", "isOn": True, "child": field([0, 1, 0]),
          "intent": {"name": "Flip", "parameters": {"value": False}}},
         {"type": "link", "url": "probe://linked", "child": field([1, 1, 0])}]}
-    return {"type": "frame", "maxWidth": "infinity", "maxHeight": "infinity",
-            "alignment": "topLeading", "child": row}
 
 
 if __name__ == "__main__":

@@ -44,6 +44,7 @@ FONT_CONFIGURATION = """<?xml version="1.0"?>
 
 RECORDING_PLANNER = """#!/bin/sh
 printf '%s\\n' "$1" >> '{record}'
+printf '%s\\n' "$DESKTOP_STARTUP_ID" >> '{record}.startup-ids'
 """
 
 DESKTOP_ENTRY = """[Desktop Entry]
@@ -51,6 +52,7 @@ Type=Application
 Name=Recording Planner
 Exec={program} %u
 NoDisplay=true
+StartupNotify=true
 MimeType=x-scheme-handler/{scheme};
 """
 
@@ -111,8 +113,18 @@ class Session:
                            f"x-scheme-handler/{scheme}=recording-planner.desktop\n")
 
     def opened_urls(self):
+        return self._recorded(self._url_record())
+
+    def startup_ids(self):
+        """For every opened URL the identifier with which its program may come to the front."""
+        wait_until(lambda: len(self._recorded(self._url_record() + ".startup-ids"))
+                   == len(self.opened_urls()), "the planner to have written everything down")
+        return self._recorded(self._url_record() + ".startup-ids")
+
+    @staticmethod
+    def _recorded(path):
         try:
-            with open(self._url_record(), encoding="utf-8") as record:
+            with open(path, encoding="utf-8") as record:
                 return record.read().splitlines()
         except FileNotFoundError:
             return []
@@ -149,11 +161,16 @@ class Session:
 
     def open_plain_window(self, x, y, width, height):
         """An ordinary window, for covering others and for having the keyboard."""
-        self.processes.start(
+        process = self.processes.start(
             "plain-window",
             ["xmessage", "-title", "Plain Window", "-bg", "#%02x%02x%02x" % PLAIN_COLOR,
              "-geometry", f"{width}x{height}+{x}+{y}", "-buttons", "", " "], self.environment)
         wait_until(lambda: self.windows_named("Plain Window"), "a plain window")
+        return process
+
+    def press_keys_on(self, window, *keys):
+        """Gives a window the keyboard, which it does not ask for, and presses keys there."""
+        self._xdotool("windowfocus", "--sync", window, "key", *keys)
 
     def active_window(self):
         """The window that has the keyboard, as its window manager says."""

@@ -2,14 +2,17 @@
 
 import os
 import signal
+import subprocess
 import time
 import unittest
 
-from probe import BESIDE_ALL, BUTTON, LINK, TOGGLE, Probe
+from picture import Picture
+from probe import BAR, BESIDE_ALL, BUTTON, COUNTDOWN, LINK, SMALL_BESIDE_ALL, TOGGLE, Probe
 from processes import children_of, context_switches, wait_until
 from session import PLAIN_COLOR, SCREEN_SIZE, WALLPAPER, Session
 
 BLUE = (0, 0, 255)
+RED = (255, 0, 0)
 ORANGE = (255, 128, 0)
 ARRANGEMENT = ".config/kelmar-widgets/arrangement.json"
 
@@ -22,8 +25,8 @@ class WindowTest(unittest.TestCase):
         self.session.register_recording_planner("probe")
         self.probe = Probe(self.session)
 
-    def wait_for_background(self, color):
-        wait_until(lambda: self.probe.background() == color, f"the background {color}")
+    def wait_for_background(self, color, place=BESIDE_ALL):
+        wait_until(lambda: self.probe.background(place) == color, f"the background {color}")
 
 
 class OnTheDesktopTest(WindowTest):
@@ -51,10 +54,10 @@ class OnTheDesktopTest(WindowTest):
         self.probe.start_widgets()
         self.wait_for_background(BLUE)
         place = self.probe.place()
-        self.session.open_plain_window(place[0] + 50, place[1] + 60, 200, 100)
+        self.session.open_plain_window(place[0] + 50, place[1] + 100, 200, 150)
         wait_until(lambda: self.probe.background() == PLAIN_COLOR, "the covering window")
         # A press on what can still be seen of the widget must not raise it.
-        self.probe.click((20, 160))
+        self.probe.click((20, 300))
         self.session.move_pointer(0, 0)
         self.session.settle()
         self.assertEqual(self.probe.background(), PLAIN_COLOR)
@@ -67,14 +70,12 @@ class OnTheDesktopTest(WindowTest):
         wait_until(lambda: self.probe.requests("intent/perform"), "the press to arrive")
         self.assertEqual(self.session.active_window(), owner)
 
-    def test_corners_show_what_is_behind(self):
-        self.probe.start_widgets()
-        self.wait_for_background(BLUE)
-        x, y, width, height = self.session.geometry_of(self.probe.window())
-        screen = self.session.screenshot()
-        for corner in ((x, y), (x + width - 1, y), (x, y + height - 1),
-                       (x + width - 1, y + height - 1)):
-            self.assertEqual(screen.pixel(*corner), WALLPAPER)
+    def test_window_managers_close_does_not_take_a_widget_away(self):
+        process = self.probe.start_widgets()
+        self.session.press_keys_on(self.probe.window(), "alt+F4")
+        self.session.settle()
+        self.assertIsNone(process.poll())
+        self.assertEqual(len(self.session.windows_named("Probe")), 1)
 
     def size(self):
         return self.session.geometry_of(self.probe.window())[2:]
@@ -82,6 +83,40 @@ class OnTheDesktopTest(WindowTest):
     def open_menu(self):
         self.probe.click(BESIDE_ALL, button=3)
         self.session.settle()
+
+
+class CornerTest(WindowTest):
+    def corners(self):
+        """The four corners inside the margins, which are rounded with a radius of 22."""
+        x, y, width, height = self.session.geometry_of(self.probe.window())
+        screen = self.session.screenshot()
+        return [screen.part(left, top, 16, 16) for left in (x, x + width - 16)
+                for top in (y, y + height - 16)]
+
+    def blended_pixels(self):
+        """How many pixels are neither the wallpaper nor the widget, whose edge is a bit darker."""
+        def is_blended(pixel):
+            return pixel != WALLPAPER and not (pixel[:2] == (0, 0) and pixel[2] > 0xD0)
+        return sum(map(is_blended, (corner.pixel(x, y) for corner in self.corners()
+                                    for x in range(16) for y in range(16))))
+
+    def test_corners_show_what_is_behind_and_never_black(self):
+        self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        corners = self.corners()
+        for corner, (x, y) in zip(corners, ((0, 0), (0, 15), (15, 0), (15, 15))):
+            self.assertEqual(corner.pixel(x, y), WALLPAPER)
+        self.assertEqual(self.blended_pixels(), 0)
+
+    def test_corners_are_blended_as_long_as_a_compositor_runs(self):
+        self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        self.assertEqual(self.blended_pixels(), 0)
+        compositor = self.session.processes.start("xcompmgr", ["xcompmgr"],
+                                                  self.session.environment)
+        wait_until(lambda: self.blended_pixels() > 20, "blended corners")
+        self.session.processes.end(compositor)
+        wait_until(lambda: self.blended_pixels() == 0, "corners that are cut out again")
 
 
 class PressTest(WindowTest):
@@ -119,10 +154,21 @@ class PressTest(WindowTest):
 
     def test_press_beside_every_action_opens_the_widgets_own_link_if_it_has_one(self):
         self.probe.start_widgets("--add", "Probe:small")
-        self.wait_for_background(BLUE)
-        self.probe.click(BESIDE_ALL)
+        self.wait_for_background(BLUE, SMALL_BESIDE_ALL)
+        self.probe.click(SMALL_BESIDE_ALL)
         wait_until(lambda: self.session.opened_urls() == ["probe://whole"],
                    "the widget's link to be opened")
+
+    def test_link_lets_its_program_come_to_the_front_and_an_action_does_not(self):
+        self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        self.probe.click(BUTTON)
+        wait_until(lambda: len(self.session.opened_urls()) == 1, "the action's address")
+        self.probe.click(LINK)
+        wait_until(lambda: len(self.session.opened_urls()) == 2, "the link")
+        of_action, of_link = self.session.startup_ids()
+        self.assertEqual(of_action, "")
+        self.assertRegex(of_link, r"_TIME[1-9][0-9]*$")
 
     def test_release_outside_the_pressed_field_does_nothing(self):
         self.probe.start_widgets()
@@ -266,6 +312,93 @@ class ExtensionTest(WindowTest):
         self.wait_for_background(ORANGE)
 
 
+class LiveTest(WindowTest):
+    def setUp(self):
+        super().setUp()
+        self.probe.show_live_things()
+        self.process = self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+
+    def is_moving(self, area, seconds):
+        before = self.probe.part(area)
+        time.sleep(seconds)
+        return self.probe.part(area) != before
+
+    def test_countdown_and_bar_move_by_themselves(self):
+        self.assertTrue(self.is_moving(COUNTDOWN, 1.2))
+        # It empties by more than five pixels a second.
+        self.assertTrue(self.is_moving(BAR, 1.2))
+
+    def test_nothing_is_redrawn_while_the_widget_is_covered(self):
+        wait_until(lambda: not children_of(self.process.pid), "the extension to go", 20)
+        x, y, width, height = self.session.geometry_of(self.probe.window())
+        cover = self.session.open_plain_window(x - 12, y - 12, width + 24, height + 24)
+        time.sleep(3)
+        before = context_switches(self.process.pid)
+        time.sleep(3)
+        self.assertEqual(context_switches(self.process.pid), before)
+        self.session.processes.end(cover)
+        self.wait_for_background(BLUE)
+        self.assertTrue(self.is_moving(COUNTDOWN, 1.2))
+
+
+class ScaleTest(WindowTest):
+    def check_scale(self, factor):
+        self.session.environment["QT_SCALE_FACTOR"] = str(factor)
+        self.probe.start_widgets()
+        self.assertEqual(self.session.geometry_of(self.probe.window())[2:],
+                         (364 * factor, round(382 * factor)))
+        beside = tuple(round(length * factor) for length in BESIDE_ALL)
+        self.wait_for_background(BLUE, beside)
+        # The button's left edge lies on a whole pixel and is sharp.
+        edge, middle = round(16 * factor), round(36 * factor)
+        row = self.probe.part((edge - 1, middle, 2, 1))
+        self.assertEqual((row.pixel(0, 0), row.pixel(1, 0)), (BLUE, RED))
+        self.probe.click((middle, middle))
+        wait_until(lambda: self.probe.requests("intent/perform"), "the press to arrive")
+
+    def test_widget_is_sharp_and_can_be_pressed_at_a_scale_of_one_and_a_quarter(self):
+        self.check_scale(1.25)
+
+    def test_widget_is_sharp_and_can_be_pressed_at_a_scale_of_one_and_a_half(self):
+        self.check_scale(1.5)
+
+    def test_widget_is_sharp_and_can_be_pressed_at_a_scale_of_two(self):
+        self.check_scale(2)
+
+
+class DesktopPictureTest(WindowTest):
+    def draw(self, *arguments):
+        path = os.path.join(self.session.folder, "desktop.png")
+        environment = {name: value for name, value in self.session.environment.items()
+                       if name != "DISPLAY"}
+        subprocess.run(self.probe.command("--picture", path, *arguments), env=environment,
+                       check=True)
+        return Picture.of_file(path)
+
+    def test_picture_shows_the_first_desktop_without_a_display(self):
+        picture = self.draw()
+        self.assertEqual((picture.width, picture.height), SCREEN_SIZE)
+        x, y = SCREEN_SIZE[0] - 16 - 364, 16
+        self.assertEqual(picture.pixel(x + BUTTON[0], y + BUTTON[1]), RED)
+        self.assertEqual(picture.pixel(x + BESIDE_ALL[0], y + BESIDE_ALL[1]), BLUE)
+        self.assertNotEqual(picture.pixel(x - 10, y), BLUE)
+        self.assertFalse(os.path.exists(self.session.path_in_home(ARRANGEMENT)))
+
+    def test_picture_is_as_large_as_the_scale_makes_it(self):
+        self.session.environment["QT_SCALE_FACTOR"] = "2"
+        picture = self.draw()
+        self.assertEqual((picture.width, picture.height), (2560, 1600))
+
+    def test_picture_shows_the_kept_arrangement(self):
+        process = self.probe.start_widgets("--add", "Probe:small")
+        x, y = self.probe.place()
+        self.session.processes.end(process)
+        picture = self.draw()
+        self.assertEqual(picture.pixel(x + TOGGLE[0], y + TOGGLE[1]), (0, 255, 0))
+        self.assertNotEqual(picture.pixel(x, y + 200), BLUE)
+
+
 class SurroundingsTest(WindowTest):
     def test_program_ends_cleanly_when_told_to(self):
         for ending in (signal.SIGTERM, signal.SIGINT):
@@ -288,6 +421,14 @@ class SurroundingsTest(WindowTest):
             "kelmar-widgets", self.probe.command(), self.session.environment)
         self.assertEqual(process.wait(20), 1)
         self.assertIn("probe.extension.none", self.session.processes.log_of("kelmar-widgets"))
+
+    def test_missing_display_ends_the_program_with_a_line_that_says_so(self):
+        self.session.environment["DISPLAY"] = ":4711"
+        process = self.session.processes.start(
+            "kelmar-widgets", self.probe.command(), self.session.environment)
+        self.assertEqual(process.wait(20), 1)
+        self.assertEqual(self.session.processes.log_of("kelmar-widgets"),
+                         "There is no X display to put widgets on.\n")
 
     def test_idle_desktop_sleeps(self):
         process = self.probe.start_widgets()
