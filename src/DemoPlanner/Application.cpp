@@ -17,13 +17,14 @@ Application::Application(PlannerStorage& storage, LogLine log)
 void Application::handle(const StartRequest& request) {
     switch (request.kind) {
         case StartRequest::Kind::show:
-            window().present();
+            window().present(request.activationToken);
             break;
         case StartRequest::Kind::stayInBackground:
             break;
         case StartRequest::Kind::openUrl:
             if (const std::optional<DeepLink> link = service_.open(request.url)) {
                 window().showOpening(*link, request.url);
+                window().present(request.activationToken);
             }
             break;
         case StartRequest::Kind::quit:

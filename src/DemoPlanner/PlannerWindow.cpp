@@ -4,6 +4,7 @@
 #include <QFrame>
 #include <utility>
 
+#include "DemoPlanner/Activation.h"
 #include "DemoPlanner/Opening.h"
 #include "DemoPlanner/PlannerTexts.h"
 #include "DemoPlanner/WindowPieces.h"
@@ -137,13 +138,10 @@ void PlannerWindow::showOpening(const DeepLink& link, const std::string& url) {
     openingDetail_->setVisible(!opening.detail.empty());
     openingUrl_->setText(toText(url));
     openingUrl_->show();
-    present();
 }
 
-void PlannerWindow::present() {
-    show();
-    raise();
-    activateWindow();
+void PlannerWindow::present(const std::string& activationToken) {
+    bringForward(*this, activationToken);
 }
 
 void PlannerWindow::showEvent(QShowEvent* event) {

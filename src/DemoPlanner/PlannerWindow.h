@@ -20,10 +20,10 @@ public:
     PlannerWindow(PlannerService& service, const system::Calendar& calendar,
                   std::function<void()> changed);
 
-    /// Comes to the front with what a deep link would have opened.
+    /// Names what a deep link would have opened.
     void showOpening(const DeepLink& link, const std::string& url);
-    /// Comes to the front.
-    void present();
+    /// Comes to the front, by the right of an activation token that may be empty.
+    void present(const std::string& activationToken);
     /// Shows the planner as it is now; does nothing while nobody can see it.
     void refresh();
 

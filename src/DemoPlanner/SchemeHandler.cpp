@@ -87,7 +87,7 @@ Result<Done> writeDesktopFile(const std::string& program) {
     set("Icon", "x-office-calendar");
     set("Categories", "Education;");
     set("MimeType", std::string(plannerSchemeType) + ";");
-    set("StartupNotify", "false");
+    set("StartupNotify", "true");
     set(ownKey, "true");
     GError* error = nullptr;
     if (g_mkdir_with_parents(folder().c_str(), 0700) != 0 ||

@@ -38,7 +38,8 @@ constexpr std::array<std::pair<const char*, Kind>, 4> kindNames{
      {"quit", Kind::quit}}};
 
 QByteArray encode(const StartRequest& request) {
-    QJsonObject object{{"url", QString::fromStdString(request.url)}};
+    QJsonObject object{{"url", QString::fromStdString(request.url)},
+                       {"activationToken", QString::fromStdString(request.activationToken)}};
     for (const auto& [name, kind] : kindNames) {
         if (kind == request.kind) {
             object.insert("request", name);
@@ -51,7 +52,8 @@ std::optional<StartRequest> decode(const QByteArray& line) {
     const QJsonObject object = QJsonDocument::fromJson(line).object();
     for (const auto& [name, kind] : kindNames) {
         if (object.value("request").toString() == QLatin1String(name)) {
-            return StartRequest{kind, object.value("url").toString().toStdString()};
+            return StartRequest{kind, object.value("url").toString().toStdString(),
+                                object.value("activationToken").toString().toStdString()};
         }
     }
     return std::nullopt;

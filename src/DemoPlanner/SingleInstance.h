@@ -16,6 +16,10 @@ struct StartRequest {
 
     Kind kind = Kind::show;
     std::string url;  ///< Of `openUrl`.
+    /// With which a window may come to the front; may be empty.
+    std::string activationToken;
+
+    bool operator==(const StartRequest&) const = default;
 };
 
 /// Makes sure that one program at most works on a planner folder. The first start holds a lock on

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <unistd.h>
 
+#include "DemoPlanner/Activation.h"
 #include "DemoPlanner/Application.h"
 #include "DemoPlanner/Options.h"
 #include "DemoPlanner/PlannerDisk.h"
@@ -49,16 +50,19 @@ int report(const Result<system::Done>& outcome) {
     return 0;
 }
 
-StartRequest requestOf(const Options& options) {
+StartRequest::Kind kindOf(const Options& options) {
     if (options.task == Options::Task::quit) {
-        return {StartRequest::Kind::quit, {}};
+        return StartRequest::Kind::quit;
     }
     if (!options.url.empty()) {
-        return {StartRequest::Kind::openUrl, options.url};
+        return StartRequest::Kind::openUrl;
     }
-    return {options.task == Options::Task::runInBackground ? StartRequest::Kind::stayInBackground
-                                                           : StartRequest::Kind::show,
-            {}};
+    return options.task == Options::Task::runInBackground ? StartRequest::Kind::stayInBackground
+                                                          : StartRequest::Kind::show;
+}
+
+StartRequest requestOf(const Options& options) {
+    return {kindOf(options), options.url, givenActivationToken()};
 }
 
 int run(int& count, char** arguments, const Options& options, PlannerDisk& disk,
@@ -69,11 +73,11 @@ int run(int& count, char** arguments, const Options& options, PlannerDisk& disk,
         qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
+    const StartRequest request = requestOf(options);
     const QApplication application(count, arguments);
     QApplication::setApplicationName("kelmar-planner-demo");
     QApplication::setDesktopFileName("kelmar-planner-demo");
     // Once started in the background it stays there when its window is closed.
-    const StartRequest request = requestOf(options);
     QApplication::setQuitOnLastWindowClosed(request.kind == StartRequest::Kind::show);
     Application planner(disk, log);
     const auto listening =

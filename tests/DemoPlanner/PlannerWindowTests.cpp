@@ -1,8 +1,8 @@
 #include <QApplication>
 #include <QCheckBox>
-#include <stdexcept>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <stdexcept>
 
 #include "DemoPlanner/PlannerWindow.h"
 #include "tests/DemoPlanner/Surroundings.h"
@@ -13,19 +13,9 @@ namespace {
 using testing::Contains;
 using testing::Not;
 
-QApplication& application() {
-    static int count = 1;
-    static char name[] = "demoplanner_window_tests";
-    static char* arguments[] = {name, nullptr};
-    static const bool offscreen = qputenv("QT_QPA_PLATFORM", "offscreen");
-    static QApplication instance(count, arguments);
-    EXPECT_TRUE(offscreen);
-    return instance;
-}
-
 class PlannerWindowTest : public testing::Test {
 protected:
-    PlannerWindowTest() { window.present(); }
+    PlannerWindowTest() { window.present({}); }
 
     /// What the window shows in words.
     [[nodiscard]] std::vector<std::string> labels() const {
@@ -51,7 +41,6 @@ protected:
 
     [[nodiscard]] QPushButton& timerButton() const { return *window.findChild<QPushButton*>(); }
 
-    QApplication& running = application();
     Surroundings around;
     RecordingStorage storage;
     PlannerService service{storage, around.clock, around.calendars, [](std::string_view) {}};
@@ -75,6 +64,7 @@ TEST_F(PlannerWindowTest, SaysWhatADeepLinkWouldOpen) {
     const Assignment assignment = service.today().back();
     window.hide();
     window.showOpening(ShowAssignment{assignment.item.id}, "kelmarplanner://assignment/x");
+    window.present({});
     EXPECT_TRUE(window.isVisible());
     EXPECT_THAT(labels(), Contains("Would open · Assignment"));
     EXPECT_THAT(labels(), Contains(assignment.item.title));
@@ -116,7 +106,7 @@ TEST_F(PlannerWindowTest, AHiddenWindowIsBroughtUpToDateWhenItIsShownAgain) {
     service.perform(TurnTimerOn{});
     window.refresh();
     EXPECT_EQ(timerButton().text(), "Start");
-    window.present();
+    window.present({});
     EXPECT_EQ(timerButton().text(), "Pause");
 }
 
