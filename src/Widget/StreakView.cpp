@@ -40,9 +40,15 @@ public:
     }
 
     [[nodiscard]] kit::View mediumLayout() const {
+        // The message keeps its room, which its longest sentence needs, and its place however long
+        // the number is.
+        const kit::Frame column{
+            .lengths = {.width = 120},
+            .alignment = {HorizontalAlignment::leading, kit::VerticalAlignment::center},
+            .child = total()};
         return kit::HStack{.alignment = kit::VerticalAlignment::center,
-                           .spacing = 18,
-                           .children = {total(), fillingWidth(message())}};
+                           .spacing = 14,
+                           .children = {column, fillingWidth(message())}};
     }
 
 private:
@@ -58,7 +64,7 @@ private:
                           .font = kit::Font::system(size, FontWeight::heavy).monospacedDigits(),
                           .color = colors_.number,
                           .lineLimit = 1,
-                          .minimumScale = 0.5}}};
+                          .minimumScale = 0.3}}};
     }
 
     [[nodiscard]] kit::View headlineOf(HeadlineLength length, double size) const {

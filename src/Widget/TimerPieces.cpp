@@ -145,14 +145,11 @@ kit::View TimerPieces::button(kit::Intent intent, const char* symbol,
     return kit::Button{
         .intent = std::move(intent),
         .label = label,
-        .child = kit::Background{
-            .content =
-                kit::Shape{.shape = kit::ShapeKind::capsule, .fill = tint_.withOpacity(0.15)},
-            .child =
-                kit::Frame{.lengths = {.height = 28, .maxWidth = kit::infinity},
-                           .child = kit::Padding{
-                               .insets = {.leading = 8, .trailing = 8},
-                               .child = kit::HStack{.spacing = 4, .children = std::move(face)}}}}};
+        .child = onCapsule(
+            tint_.withOpacity(0.15),
+            kit::Frame{
+                .lengths = {.height = 28, .maxWidth = kit::infinity},
+                .child = padded(8, 0, kit::HStack{.spacing = 4, .children = std::move(face)})})};
 }
 
 kit::View TimerPieces::runButton() const {

@@ -4,24 +4,16 @@
 
 namespace kelmar::widget {
 
-using shared::WidgetData;
-
 TimerEntry TimerProvider::placeholder() const {
-    const system::Date now = surroundings_.clock.now();
-    return {.date = now,
-            .data = std::make_shared<const WidgetData>(
-                shared::timerSample(now, surroundings_.calendar))};
+    return sampleEntry(shared::timerSample, surroundings_);
 }
 
 TimerEntry TimerProvider::snapshot(bool isPreview) const {
-    if (isPreview) {
-        return placeholder();
-    }
-    return {.date = surroundings_.clock.now(), .data = loadSnapshot(surroundings_)};
+    return isPreview ? placeholder() : loadedEntry(surroundings_);
 }
 
 TimerTimeline TimerProvider::timeline() const {
-    const TimerEntry first = snapshot(false);
+    const TimerEntry first = loadedEntry(surroundings_);
     TimerTimeline timeline{.entries = {first}, .policy = kit::ReloadNever{}};
     // Whatever the timer does: an end that does not matter costs one entry that looks the same.
     if (first.data && first.data->timer && first.data->timer->endAt > first.date) {

@@ -7,10 +7,7 @@
 namespace kelmar::widget {
 
 /// The Study Timer widget from some moment on.
-struct TimerEntry {
-    system::Date date;
-    Snapshot data;
-};
+using TimerEntry = SnapshotEntry;
 
 using TimerTimeline = EntryTimeline<TimerEntry>;
 

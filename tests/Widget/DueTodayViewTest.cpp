@@ -4,6 +4,7 @@
 #include "Widget/Colors.h"
 #include "Widget/DueTodayView.h"
 #include "tests/Support/FindViews.h"
+#include "tests/Support/Shouting.h"
 #include "tests/Support/TestSurroundings.h"
 
 namespace kelmar::widget {
@@ -273,22 +274,8 @@ TEST(DueToday, EveryEntryLiesOnTheTertiaryFill) {
 }
 
 TEST(DueToday, TranslatesItsWords) {
-    class Shouting final : public system::Localization {
-    public:
-        using Localization::text;
-        [[nodiscard]] std::string text(std::string_view key) const override {
-            return "!" + std::string(key);
-        }
-    };
     const TestSurroundings test;
-    const Shouting shouting;
-    const Surroundings surroundings{.clock = test.clock,
-                                    .calendar = *test.calendar,
-                                    .localeTexts = test.localeTexts,
-                                    .localization = shouting,
-                                    .plannerFolder = test.plannerFolder,
-                                    .tickedFolder = test.surroundings.tickedFolder,
-                                    .appLink = test.surroundings.appLink};
+    const Surroundings surroundings = testing::shouting(test);
     auto overdue = item("x", now + -60);
     overdue.className = "!own word of the planner";
     overdue.title = "!own title of the planner";

@@ -230,6 +230,19 @@ TEST(StreakMedium, HasTheTotalBesideTheMessage) {
               7);
 }
 
+TEST(StreakMedium, KeepsItsColumnsHoweverLongTheNumberIs) {
+    for (const std::int64_t count : {1, 12, 128, 1'234'567}) {
+        const kit::View view = drawn(streakOf(count, dayBefore), 15, Family::medium).content;
+        const auto& columns = std::get<kit::HStack>(view.node);
+        ASSERT_EQ(columns.children.size(), 2U);
+        EXPECT_EQ(std::get<kit::Frame>(columns.children[0].node).lengths,
+                  kit::FrameLengths{.width = 120});
+        const kit::Text number = textSaying(view, std::to_string(count));
+        EXPECT_EQ(number.lineLimit, 1);
+        EXPECT_LT(number.minimumScale, 0.5);
+    }
+}
+
 TEST(StreakView, ShowsTheWeekUpToTheEntrysDay) {
     const TestSurroundings test;
     auto streak = streakOf(2, usualDay);
