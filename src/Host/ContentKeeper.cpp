@@ -120,7 +120,7 @@ void ContentKeeper::takePlaceholder(WidgetId id, const RequestOutcome& outcome,
     }
     if (!outcome) {
         if (outcome.failure().kind == RequestFailure::Kind::refused) {
-            refuse(id, "placeholder", outcome.failure().reason);
+            refuse(id, kit::EntryKind::placeholder, outcome.failure().reason);
         } else {
             ask(id, kit::EntryKind::placeholder);
         }
@@ -128,7 +128,7 @@ void ContentKeeper::takePlaceholder(WidgetId id, const RequestOutcome& outcome,
     }
     auto entry = checkedEntry(*outcome, urlScheme_);
     if (!entry) {
-        refuse(id, "placeholder", entry.failure().reason);
+        refuse(id, kit::EntryKind::placeholder, entry.failure().reason);
         return;
     }
     tell(id, widget.takePlaceholder(*std::move(entry)));
@@ -151,7 +151,7 @@ void ContentKeeper::takeTimeline(WidgetId id, const RequestOutcome& outcome,
             tell(id, widget.takeTimeline(*std::move(timeline), parts_.clock.now()));
         } else {
             widget.refuseTimeline(parts_.clock.now());
-            refuse(id, "timeline", timeline.failure().reason);
+            refuse(id, kit::EntryKind::timeline, timeline.failure().reason);
         }
     }
     if (isWantedAgain && widgets_.contains(id)) {
@@ -160,14 +160,17 @@ void ContentKeeper::takeTimeline(WidgetId id, const RequestOutcome& outcome,
     arm();
 }
 
-void ContentKeeper::refuse(WidgetId id, std::string_view what, const std::string& reason) {
-    const auto& widget = widgets_.at(id);
+void ContentKeeper::refuse(WidgetId id, kit::EntryKind entryKind, const std::string& reason) {
+    auto& widget = widgets_.at(id);
+    if (!widget.noteFault(entryKind, reason)) {
+        return;
+    }
     const auto* const remains = widget.shown() == nullptr   ? "nothing"
                                 : widget.showsPlaceholder() ? "its placeholder"
                                                             : "what it showed before";
     parts_.log.write(LogLevel::warning,
                      fmt::format("{}: its {} is refused: {}; it goes on showing {}", widget.name(),
-                                 what, reason, remains));
+                                 nameOf(entryKind), reason, remains));
 }
 
 void ContentKeeper::tell(WidgetId id, Looks looks) {

@@ -3,7 +3,6 @@
 #include <functional>
 #include <map>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "Host/ExtensionClient.h"
@@ -43,7 +42,7 @@ private:
                          const kit::Environment& environment);
     void takeTimeline(WidgetId id, const RequestOutcome& outcome,
                       const kit::Environment& environment);
-    void refuse(WidgetId id, std::string_view what, const std::string& reason);
+    void refuse(WidgetId id, kit::EntryKind entryKind, const std::string& reason);
     void tell(WidgetId id, Looks looks);
     void arm();
     [[nodiscard]] std::vector<WidgetId> ids() const;

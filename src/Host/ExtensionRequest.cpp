@@ -3,9 +3,8 @@
 #include "Kit/View.h"
 
 namespace kelmar::host {
-namespace {
 
-std::string nameOf(kit::EntryKind kind) {
+std::string_view nameOf(kit::EntryKind kind) {
     switch (kind) {
         case kit::EntryKind::placeholder:
             return "placeholder";
@@ -17,14 +16,13 @@ std::string nameOf(kit::EntryKind kind) {
     return {};
 }
 
-}  // namespace
-
 std::string describe(const kit::RequestBody& body) {
     return std::visit(
         kit::Match{
             [](const kit::InitializeRequest&) -> std::string { return "its start"; },
             [](const kit::EntryRequest& request) {
-                return "the " + nameOf(request.entryKind) + " of " + request.widgetKind;
+                return "the " + std::string(nameOf(request.entryKind)) + " of " +
+                       request.widgetKind;
             },
             [](const kit::ControlRequest& request) {
                 return "the value of " + request.controlKind;

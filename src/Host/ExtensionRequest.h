@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "Kit/Protocol.h"
 #include "System/Result.h"
@@ -33,6 +34,9 @@ struct ExtensionRequest {
     Patience patience = Patience::lasting;
     std::function<void(const RequestOutcome&)> answer;
 };
+
+/// "timeline".
+[[nodiscard]] std::string_view nameOf(kit::EntryKind kind);
 
 /// "the timeline of Clock", "the action Stop": for the log.
 [[nodiscard]] std::string describe(const kit::RequestBody& body);

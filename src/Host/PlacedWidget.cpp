@@ -37,6 +37,7 @@ Looks PlacedWidget::takePlaceholder(kit::Entry entry) {
 Looks PlacedWidget::takeTimeline(kit::Timeline timeline, system::Date now) {
     const bool showedPlaceholder = showsPlaceholder();
     timeline_ = std::move(timeline);
+    faults_.clear();
     reloadAt_ = reloadDate(*timeline_);
     // A date that has come before the timeline did would have it asked for again and again, as
     // fast as the extension can answer.
@@ -51,6 +52,10 @@ Looks PlacedWidget::takeTimeline(kit::Timeline timeline, system::Date now) {
 
 void PlacedWidget::refuseTimeline(system::Date now) {
     reloadAt_ = now + inSeconds(backoff_.next());
+}
+
+bool PlacedWidget::noteFault(kit::EntryKind entryKind, const std::string& reason) {
+    return std::exchange(faults_[entryKind], reason) != reason;
 }
 
 Looks PlacedWidget::update(system::Date now) {

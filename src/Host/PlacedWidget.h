@@ -1,10 +1,12 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 
 #include "Host/Backoff.h"
 #include "Kit/Environment.h"
+#include "Kit/Protocol.h"
 #include "Kit/Timeline.h"
 #include "System/Date.h"
 
@@ -44,6 +46,9 @@ public:
     /// The timeline that came was no good; the last one stays and another is asked for later.
     void refuseTimeline(system::Date now);
 
+    /// Whether this fault is news: one that stays until somebody acts is not to fill the log.
+    [[nodiscard]] bool noteFault(kit::EntryKind entryKind, const std::string& reason);
+
     /// Shows what is to be shown now.
     [[nodiscard]] Looks update(system::Date now);
     /// Whether the time for another timeline has come; says so once.
@@ -61,6 +66,7 @@ private:
     std::optional<kit::Timeline> timeline_;
     std::optional<kit::Entry> shown_;
     std::optional<system::Date> reloadAt_;
+    std::map<kit::EntryKind, std::string> faults_;  ///< Since the last good timeline.
     bool isReloading_ = false;
     bool isReloadWanted_ = false;
 };

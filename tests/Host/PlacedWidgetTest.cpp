@@ -105,6 +105,17 @@ TEST_F(PlacedWidgetTest, ATimelineThatIsAcceptedEndsTheTrying) {
     EXPECT_EQ(widget_.nextDate(at(200)), at(201));
 }
 
+TEST_F(PlacedWidgetTest, AFaultIsNewsUntilAGoodTimelineComes) {
+    using enum kit::EntryKind;
+    EXPECT_TRUE(widget_.noteFault(placeholder, "no such widget"));
+    EXPECT_TRUE(widget_.noteFault(timeline, "no such widget"));
+    EXPECT_FALSE(widget_.noteFault(placeholder, "no such widget"));
+    EXPECT_FALSE(widget_.noteFault(timeline, "no such widget"));
+    EXPECT_TRUE(widget_.noteFault(timeline, "no entries"));
+    static_cast<void>(widget_.takeTimeline(host::timeline({entry(10, "ten")}), at(15)));
+    EXPECT_TRUE(widget_.noteFault(timeline, "no entries"));
+}
+
 TEST_F(PlacedWidgetTest, AsksOnceMoreForAllThatHappenedWhileATimelineWasOutstanding) {
     EXPECT_TRUE(widget_.beginReload());
     EXPECT_FALSE(widget_.beginReload());

@@ -363,6 +363,9 @@ TEST_F(WidgetHostTest, ARefusedPlaceholderLeavesNothing) {
     clock_.set(at(1'001));
     wallClockTimer_.reach();
     EXPECT_THAT(newRequests(), ElementsAre("placeholder Clock", "timeline Clock"));
+    process().answer(lastRequest() - 1, "{}");
+    process().answerWithError(lastRequest(), "no such widget");
+    EXPECT_THAT(log_.lines, SizeIs(2)) << "The same once more is no news";
 }
 
 TEST_F(WidgetHostTest, AsksAnewForWhatADeadExtensionOwes) {
