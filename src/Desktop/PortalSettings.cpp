@@ -109,6 +109,8 @@ PortalSettings::PortalSettings(host::Log& log, QObject* parent) : QObject(parent
                    "There is no session bus: the desktop's colours and font are not followed.");
         return;
     }
+    // The connection looks the slot's types up by name, and nobody may have named this one yet.
+    qRegisterMetaType<QDBusVariant>("QDBusVariant");
     bus.connect(service, objectPath, interface, QStringLiteral("SettingChanged"), this,
                 SLOT(readSetting(QString, QString, QDBusVariant)));
     // A portal that starts later, or starts anew, is asked again.
