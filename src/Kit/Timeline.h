@@ -14,7 +14,8 @@ namespace kelmar::kit {
 struct DrawnEntry {
     View content;
     Color background = tertiaryFill;
-    std::optional<std::string> widgetUrl = std::nullopt;  ///< What a press beside every other link opens.
+    std::optional<std::string> widgetUrl =
+        std::nullopt;  ///< What a press beside every other link opens.
 
     bool operator==(const DrawnEntry&) const = default;
 };
