@@ -2,7 +2,6 @@
 
 #include <QGuiApplication>
 #include <QMenu>
-#include <QScreen>
 #include <algorithm>
 #include <iterator>
 
@@ -29,14 +28,14 @@ const kit::DrawnEntry emptyCard{
 
 Desktop::Desktop(const DesktopParts& parts, const Options& options) : parts_(parts) {
     const std::optional<Arrangement> arrangement = parts_.arrangementFile.load();
-    isFirstStart_ = !arrangement && options.additions.empty();
+    // A desktop without any widget would leave nothing to take hold of.
+    isFirstStart_ = (!arrangement || arrangement->widgets.empty()) && options.additions.empty();
     const kit::RenderingMode keptMode =
         arrangement ? arrangement->renderingMode : kit::RenderingMode::fullColor;
     parts_.look.setRenderingMode(options.renderingMode.value_or(keptMode));
     followSurroundings();
     if (arrangement) {
-        std::for_each(arrangement->widgets.begin(), arrangement->widgets.end(),
-                      [this](const WidgetPlace& place) { add(place); });
+        addAll(arrangement->widgets);
     }
     for (const Addition& addition : options.additions) {
         addFresh(addition.kind, addition.family);
@@ -49,6 +48,9 @@ Desktop::Desktop(const DesktopParts& parts, const Options& options) : parts_(par
 Desktop::~Desktop() = default;
 
 void Desktop::save() const {
+    if (isFirstStart_) {
+        return;  // Nothing is there yet, and a file would keep it that way.
+    }
     Arrangement arrangement{.renderingMode = parts_.look.renderingMode(), .widgets = places()};
     arrangement.widgets.insert(arrangement.widgets.end(), notOffered_.begin(), notOffered_.end());
     parts_.arrangementFile.save(arrangement);
@@ -59,43 +61,39 @@ void Desktop::followSurroundings() {
     connect(&parts_.host, &host::WidgetHost::entryChanged, this, &Desktop::showContent);
     connect(&parts_.look, &Look::changed, this, &Desktop::takeLook);
     connect(&parts_.compositor, &Compositor::changed, this, &Desktop::takeLook);
-    // Later: Qt moves windows about by itself while it tells of a screen that has gone.
-    const auto putInPlaceLater = [this] {
-        QMetaObject::invokeMethod(this, &Desktop::putWindowsInPlace, Qt::QueuedConnection);
-    };
-    const auto follow = [this, putInPlaceLater](QScreen* screen) {
-        connect(screen, &QScreen::geometryChanged, this, putInPlaceLater);
-        connect(screen, &QScreen::availableGeometryChanged, this, putInPlaceLater);
-        putInPlaceLater();
-    };
-    connect(qGuiApp, &QGuiApplication::screenAdded, this, follow);
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, putInPlaceLater);
-    const QList<QScreen*> screens = QGuiApplication::screens();
-    std::for_each(screens.begin(), screens.end(), follow);
+    connect(&screenWatch_, &ScreenWatch::changed, this, &Desktop::putWindowsInPlace);
 }
 
 void Desktop::takeBundle() {
-    const kit::Bundle& bundle = *parts_.host.bundle();
     if (isFirstStart_) {
         isFirstStart_ = false;
-        const std::vector<WidgetPlace> first = firstWidgets(bundle, currentScreens());
-        std::for_each(first.begin(), first.end(), [this](const WidgetPlace& place) { add(place); });
+        addAll(firstWidgets(*parts_.host.bundle(), currentScreens()));
         save();
     }
-    std::vector<host::WidgetId> unknown;
-    for (auto& [id, shown] : shown_) {
+    putUnknownAside();
+    bringKnownBack();
+    for (const auto& [id, shown] : shown_) {
         shown.window->setName(nameOf(shown.place.kind));
-        if (findWidget(bundle, shown.place.kind) == nullptr) {
+    }
+}
+
+void Desktop::putUnknownAside() {
+    std::vector<host::WidgetId> unknown;
+    for (const auto& [id, shown] : shown_) {
+        if (!isOffered(shown.place.kind)) {
             unknown.push_back(id);
         }
     }
     std::for_each(unknown.begin(), unknown.end(), [this](host::WidgetId id) { putAside(id); });
-    const auto returned = std::partition(
-        notOffered_.begin(), notOffered_.end(),
-        [&](const WidgetPlace& place) { return findWidget(bundle, place.kind) == nullptr; });
-    const std::vector<WidgetPlace> back(returned, notOffered_.end());
-    notOffered_.erase(returned, notOffered_.end());
-    std::for_each(back.begin(), back.end(), [this](const WidgetPlace& place) { add(place); });
+}
+
+void Desktop::bringKnownBack() {
+    const auto known =
+        std::partition(notOffered_.begin(), notOffered_.end(),
+                       [this](const WidgetPlace& place) { return !isOffered(place.kind); });
+    const std::vector<WidgetPlace> back(known, notOffered_.end());
+    notOffered_.erase(known, notOffered_.end());
+    addAll(back);
 }
 
 void Desktop::putAside(host::WidgetId id) {
@@ -105,6 +103,10 @@ void Desktop::putAside(host::WidgetId id) {
     notOffered_.push_back(place);
     parts_.host.remove(id);
     shown_.erase(id);
+}
+
+void Desktop::addAll(const std::vector<WidgetPlace>& places) {
+    std::for_each(places.begin(), places.end(), [this](const WidgetPlace& place) { add(place); });
 }
 
 void Desktop::add(const WidgetPlace& place) {
@@ -135,6 +137,9 @@ void Desktop::remove(host::WidgetId id) {
     window->deleteLater();
     shown_.erase(id);
     save();
+    if (shown_.empty()) {
+        emit quitRequested();
+    }
 }
 
 void Desktop::resize(host::WidgetId id, kit::Family family) {
@@ -241,6 +246,11 @@ kit::Environment Desktop::environment(kit::Family family) const {
     return {.family = family,
             .contentSize = kit::contentSize(family),
             .renderingMode = parts_.look.renderingMode()};
+}
+
+bool Desktop::isOffered(const std::string& kind) const {
+    const auto& bundle = parts_.host.bundle();
+    return bundle && findWidget(*bundle, kind) != nullptr;
 }
 
 QString Desktop::nameOf(const std::string& kind) const {

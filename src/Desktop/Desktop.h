@@ -10,6 +10,7 @@
 #include "Desktop/Compositor.h"
 #include "Desktop/Look.h"
 #include "Desktop/Options.h"
+#include "Desktop/ScreenWatch.h"
 #include "Desktop/WidgetWindow.h"
 #include "Host/Log.h"
 #include "Host/WidgetHost.h"
@@ -46,6 +47,7 @@ public:
     void save() const;
 
 signals:
+    /// By the user, or because the last widget has been removed.
     void quitRequested();
 
 private:
@@ -56,8 +58,11 @@ private:
 
     void followSurroundings();
     void takeBundle();
+    void putUnknownAside();
     void putAside(host::WidgetId id);
+    void bringKnownBack();
 
+    void addAll(const std::vector<WidgetPlace>& places);
     void add(const WidgetPlace& place);
     void addFresh(const std::string& kind, kit::Family family);
     void remove(host::WidgetId id);
@@ -73,9 +78,11 @@ private:
 
     [[nodiscard]] std::vector<WidgetPlace> places() const;
     [[nodiscard]] kit::Environment environment(kit::Family family) const;
+    [[nodiscard]] bool isOffered(const std::string& kind) const;
     [[nodiscard]] QString nameOf(const std::string& kind) const;
 
     DesktopParts parts_;
+    ScreenWatch screenWatch_;
     bool isFirstStart_ = false;
     std::map<host::WidgetId, Shown> shown_;
     /// Kept for the day on which the extension offers their kinds again.

@@ -1,5 +1,6 @@
 """The widgets' windows on a real X server, with an extension that shows coloured fields."""
 
+import json
 import os
 import signal
 import subprocess
@@ -266,6 +267,30 @@ class PlaceTest(WindowTest):
         self.session.settle()
         self.assertEqual([self.session.geometry_of(window)[2:]
                           for window in self.session.windows_named("Probe")], [(364, 170)])
+
+    def test_removal_of_the_last_widget_ends_the_program_and_the_next_start_begins_anew(self):
+        process = self.probe.start_widgets()
+        self.probe.click(BESIDE_ALL, button=3)
+        self.session.settle()
+        self.session.press_keys("Down", "Down", "Down", "Down", "Return")
+        self.assertEqual(process.wait(20), 0)
+        self.probe.start_widgets()
+        self.assertEqual(self.session.geometry_of(self.probe.window())[2:], (364, 382))
+
+    def test_widget_that_is_no_longer_offered_keeps_its_place_in_the_file(self):
+        self.session.write_in_home(ARRANGEMENT, json.dumps({
+            "version": 1, "renderingMode": "fullColor", "widgets": [
+                {"kind": kind, "family": "small", "x": x, "y": 400,
+                 "screen": {"name": "screen", "x": 0, "y": 0, "width": 1280, "height": 800}}
+                for kind, x in (("Probe", 400), ("Gone", 800))]}))
+        process = self.probe.start_widgets()
+        wait_until(lambda: '"Gone"' in self.session.processes.log_of("kelmar-widgets"),
+                   "a line in the log")
+        self.assertEqual(self.session.windows_named("Gone"), [])
+        self.session.processes.end(process)
+        with open(self.session.path_in_home(ARRANGEMENT), encoding="utf-8") as file:
+            kept = {(widget["kind"], widget["x"]) for widget in json.load(file)["widgets"]}
+        self.assertEqual(kept, {("Probe", 400), ("Gone", 800)})
 
 
 class ExtensionTest(WindowTest):
