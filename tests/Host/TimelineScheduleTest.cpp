@@ -1,5 +1,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <optional>
+#include <ostream>
 #include <rapidcheck.h>
 #include <vector>
 
@@ -26,6 +28,8 @@ struct Row {
     double now;
     std::size_t shown;
     std::optional<double> next;
+
+    friend void PrintTo(const Row& row, std::ostream* stream) { *stream << row.name; }
 };
 
 class ScheduleTable : public testing::TestWithParam<Row> {};
