@@ -2,7 +2,10 @@
 
 #include <QGuiApplication>
 #include <benchmark/benchmark.h>
+#include <cstdlib>
+#include <filesystem>
 #include <fmt/format.h>
+#include <string>
 
 #include "Kit/Archive.h"
 #include "Kit/Metrics.h"
@@ -31,22 +34,41 @@ void publishItems(TestSurroundings& test, int count) {
     test.publish(testing::snapshotOf(std::move(today), std::move(upcoming)));
 }
 
-/// A server whose surroundings are in memory, and what it answers to a timeline request.
+/// A folder on disk that goes with its object.
+class TemporaryFolder {
+public:
+    TemporaryFolder() {
+        std::string pattern = std::filesystem::temp_directory_path() / "kelmar-bench-XXXXXX";
+        if (::mkdtemp(pattern.data()) == nullptr) {
+            std::abort();
+        }
+        path_ = pattern;
+    }
+    ~TemporaryFolder() { std::filesystem::remove_all(path_); }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    [[nodiscard]] const std::string& path() const { return path_; }
+
+private:
+    std::string path_;
+};
+
+/// A server whose snapshot is in memory and whose tick files are real, and what it answers to a
+/// timeline request.
 class Extension {
 public:
     Extension(int items, int ticks) {
         publishItems(test_, items);
         for (int number = 0; number < ticks; ++number) {
             const shared::WidgetTicks::Note note{.title = "Done", .at = test_.clock.now() + -60};
-            if (!shared::WidgetTicks(test_.tickedFolder)
-                     .write(fmt::format("ticked-{}", number), note)) {
+            if (!shared::WidgetTicks(tickedFolder_).write(fmt::format("ticked-{}", number), note)) {
                 std::abort();
             }
         }
     }
 
     const std::string& timeline() {
-        test_.tickedFolder.forgetCalls();
         test_.plannerFolder.forgetCalls();
         server_.receive(request_);
         return answer_;
@@ -54,10 +76,19 @@ public:
 
 private:
     TestSurroundings test_;
+    TemporaryFolder temporary_;
+    system::DiskFolder tickedFolder_{temporary_.path()};
     std::string answer_;
     widget::SendLine keep_ = [this](const std::string& line) { answer_ = line; };
     widget::HostAppLink appLink_{keep_};
-    widget::ExtensionServer server_{test_.surroundings, appLink_, keep_};
+    widget::Surroundings surroundings_{.clock = test_.clock,
+                                       .calendar = *test_.calendar,
+                                       .localeTexts = test_.localeTexts,
+                                       .localization = test_.localization,
+                                       .plannerFolder = test_.plannerFolder,
+                                       .tickedFolder = tickedFolder_,
+                                       .appLink = appLink_};
+    widget::ExtensionServer server_{surroundings_, appLink_, keep_};
     std::string request_ = kit::encodeRequest(
         {.id = 1,
          .body = kit::EntryRequest{
