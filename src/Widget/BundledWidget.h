@@ -43,8 +43,8 @@ struct BundledWidget {
 /// Puts a widget behind that face. `Provider` has placeholder(), snapshot(isPreview) and timeline()
 /// of some entry type; `draw` turns such an entry and an environment into a drawn entry.
 template <class Provider, class Draw>
-[[nodiscard]] BundledWidget bundledWidget(kit::WidgetDescriptor descriptor, Provider provider,
-                                          Draw draw) {
+[[nodiscard]] BundledWidget bundledWidget(const kit::WidgetDescriptor& descriptor,
+                                          Provider provider, Draw draw) {
     const auto provided = [draw](const auto& entry) {
         ProvidedEntry all{.date = entry.date, .data = entry.data, .undo = {}, .draw = {}};
         if constexpr (requires { entry.undo; }) {
@@ -55,7 +55,7 @@ template <class Provider, class Draw>
         };
         return all;
     };
-    return {.descriptor = std::move(descriptor),
+    return {.descriptor = descriptor,
             .placeholder = [=] { return provided(provider.placeholder()); },
             .snapshot = [=](bool isPreview) { return provided(provider.snapshot(isPreview)); },
             .timeline =

@@ -95,11 +95,11 @@ void ExtensionServer::refuse(const std::optional<kit::MessageId>& id, kit::Error
 system::Result<std::string> ExtensionServer::result(const kit::EntryRequest& request) const {
     const BundledWidget* widget = widgets_.widget(request.widgetKind);
     if (widget == nullptr) {
-        return system::Failure{fmt::format("There is no widget \"{}\".", request.widgetKind)};
+        return system::Failure{fmt::format(R"(There is no widget "{}".)", request.widgetKind)};
     }
     const kit::Environment& environment = request.environment;
     if (std::ranges::count(widget->descriptor.families, environment.family) == 0) {
-        return system::Failure{fmt::format("The widget \"{}\" has no family \"{}\".",
+        return system::Failure{fmt::format(R"(The widget "{}" has no family "{}".)",
                                            request.widgetKind,
                                            kit::descriptorNameOf(environment.family))};
     }
@@ -117,7 +117,7 @@ system::Result<std::string> ExtensionServer::result(const kit::EntryRequest& req
 system::Result<std::string> ExtensionServer::result(const kit::ControlRequest& request) const {
     const StudyTimerControl* control = widgets_.control(request.controlKind);
     if (control == nullptr) {
-        return system::Failure{fmt::format("There is no control \"{}\".", request.controlKind)};
+        return system::Failure{fmt::format(R"(There is no control "{}".)", request.controlKind)};
     }
     return kit::encodeControlValue(request.isPreview ? control->previewValue()
                                                      : control->currentValue());
