@@ -31,7 +31,7 @@ std::vector<system::Date> changes(const std::vector<WidgetData::ScheduleDay>& sc
         }
     }
     std::ranges::sort(dates);
-    dates.erase(std::ranges::unique(dates).begin(), dates.end());
+    dates.erase(std::unique(dates.begin(), dates.end()), dates.end());
     dates.resize(std::min(dates.size(), mostChanges));
     return dates;
 }

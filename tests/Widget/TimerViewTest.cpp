@@ -4,6 +4,7 @@
 #include "Widget/Colors.h"
 #include "Widget/TimerView.h"
 #include "tests/Support/FindViews.h"
+#include "tests/Support/Shouting.h"
 #include "tests/Support/Timers.h"
 
 namespace kelmar::widget {
@@ -135,22 +136,8 @@ TEST(TimerView, OpensTheTimerAndHasNoOtherLink) {
 }
 
 TEST(TimerView, TranslatesItsWordsAndLeavesThePlannersAlone) {
-    class Shouting final : public system::Localization {
-    public:
-        using Localization::text;
-        [[nodiscard]] std::string text(std::string_view key) const override {
-            return "!" + std::string(key);
-        }
-    };
     const TestSurroundings test;
-    const Shouting shouting;
-    const Surroundings surroundings{.clock = test.clock,
-                                    .calendar = *test.calendar,
-                                    .localeTexts = test.localeTexts,
-                                    .localization = shouting,
-                                    .plannerFolder = test.plannerFolder,
-                                    .tickedFolder = test.surroundings.tickedFolder,
-                                    .appLink = test.surroundings.appLink};
+    const Surroundings surroundings = testing::shouting(test);
     const auto said = [&](const shared::WidgetData::Timer& timer) {
         return textsOf(drawn(entryOf(snapshotWith(timer)), Family::medium, surroundings).content);
     };
