@@ -188,6 +188,13 @@ class PlaceTest(WindowTest):
         start = (x + BESIDE_ALL[0], y + BESIDE_ALL[1])
         self.session.drag(start, (start[0] + right, start[1] + down))
 
+    def kept_arrangement(self):
+        path = self.session.path_in_home(ARRANGEMENT)
+        if not os.path.exists(path):
+            return ""
+        with open(path, encoding="utf-8") as file:
+            return file.read()
+
     def restart(self, process, *arguments):
         self.assertEqual(self.session.processes.end(process), 0)
         return self.probe.start_widgets(*arguments)
@@ -218,6 +225,7 @@ class PlaceTest(WindowTest):
         process = self.probe.start_widgets()
         self.drag_by(-420, 200)
         wait_until(lambda: self.probe.place() == (480, 216), "the widget to move")
+        wait_until(lambda: "480" in self.kept_arrangement(), "the place to be kept")
         self.restart(process)
         self.assertEqual(self.probe.place(), (480, 216))
 
