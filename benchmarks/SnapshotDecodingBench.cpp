@@ -81,5 +81,26 @@ void decodeToRecords(benchmark::State& state) {
 }
 BENCHMARK(decodeToRecords)->Arg(usual)->Arg(huge);
 
+/// The bare parse as a process pays for it that has just started: with a parser made for the text.
+void bareParseByNewParser(benchmark::State& state) {
+    const simdjson::padded_string json(document(state.range(0)));
+    for (auto pass : state) {
+        simdjson::dom::parser parser;
+        benchmark::DoNotOptimize(parser.parse(json).error());
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(json.size()));
+}
+BENCHMARK(bareParseByNewParser)->Arg(usual)->Arg(huge);
+
+/// What the records cost without any reading: the room for their texts, and giving it back.
+void copyRecords(benchmark::State& state) {
+    const std::string json = document(state.range(0));
+    const auto data = decodeSnapshot(json);
+    for (auto pass : state)
+        benchmark::DoNotOptimize(WidgetData(*data));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(json.size()));
+}
+BENCHMARK(copyRecords)->Arg(usual)->Arg(huge);
+
 }  // namespace
 }  // namespace kelmar::shared

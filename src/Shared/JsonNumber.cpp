@@ -32,6 +32,13 @@ std::int64_t exponentOf(const JsonNumber& number) {
     return number.isExponentNegative ? -exponent : exponent;
 }
 
+/// Whether a number other than zero is less than one, by the place of its first digit.
+bool isBelowOne(const JsonNumber& number) {
+    const std::string digits = std::string(number.whole).append(number.fraction);
+    const auto first = static_cast<std::int64_t>(digits.find_first_not_of('0'));
+    return static_cast<std::int64_t>(number.whole.size()) - first + exponentOf(number) <= 0;
+}
+
 std::optional<std::int64_t> integerOf(const std::string& text) {
     std::int64_t value = 0;
     if (std::from_chars(text.data(), text.data() + text.size(), value).ec != std::errc())
@@ -60,6 +67,20 @@ std::optional<JsonNumber> takeJsonNumber(std::string_view& rest) {
     }
     rest = text;
     return number;
+}
+
+std::optional<double> parseJsonDouble(std::string_view text) {
+    std::string_view rest = text;
+    const std::optional<JsonNumber> number = takeJsonNumber(rest);
+    if (!number || !rest.empty())
+        return std::nullopt;
+    double value = 0;
+    const std::from_chars_result result =
+        std::from_chars(text.data(), text.data() + text.size(), value);
+    if (result.ec != std::errc::result_out_of_range)
+        return value;
+    value = isBelowOne(*number) ? 0 : std::numeric_limits<double>::infinity();
+    return number->isNegative ? -value : value;
 }
 
 std::optional<std::int64_t> parseJsonInteger(std::string_view text) {

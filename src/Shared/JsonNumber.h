@@ -24,4 +24,8 @@ struct JsonNumber {
 /// text is something else, has a fraction other than zero or does not fit 64 bits with a sign.
 [[nodiscard]] std::optional<std::int64_t> parseJsonInteger(std::string_view text);
 
+/// The number nearest to what a text of one JSON number says: zero for one that is too small to be
+/// told from it, infinite for one that is too large. Nothing when the text is something else.
+[[nodiscard]] std::optional<double> parseJsonDouble(std::string_view text);
+
 }  // namespace kelmar::shared

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "Shared/SnapshotCoding.h"
 
@@ -14,18 +14,19 @@ namespace kelmar::shared {
 class KeyFaults {
 public:
     void set(std::string_view key, SnapshotFault fault) {
-        faults_.insert_or_assign(std::string(key), std::move(fault));
+        forget(key);
+        faults_.emplace_back(key, std::move(fault));
     }
     void forget(std::string_view key) {
         if (!faults_.empty())
-            faults_.erase(std::string(key));
+            std::erase_if(faults_, [&](const auto& entry) { return entry.first == key; });
     }
     [[nodiscard]] bool empty() const { return faults_.empty(); }
-    /// One of the faults, there being any.
-    [[nodiscard]] const SnapshotFault& front() const { return faults_.begin()->second; }
+    /// The first in the text, there being any.
+    [[nodiscard]] const SnapshotFault& front() const { return faults_.front().second; }
 
 private:
-    std::map<std::string, SnapshotFault> faults_;
+    std::vector<std::pair<std::string, SnapshotFault>> faults_;
 };
 
 }  // namespace kelmar::shared

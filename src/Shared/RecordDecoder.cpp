@@ -1,16 +1,13 @@
 #include "Shared/RecordDecoder.h"
 
+#include <cmath>
+#include <cstring>
+
 #include "Shared/JsonNumber.h"
 #include "Shared/JsonSyntax.h"
 
 namespace kelmar::shared {
 namespace {
-
-/// The text of a scalar, or the first character of a list or an object.
-std::string_view tokenOf(RecordDecoder::Value& value) {
-    const std::string_view token = value.raw_json_token();
-    return token.substr(0, token.find_last_not_of(" \t\r\n") + 1);
-}
 
 /// A token that is too long for a message, cut between two characters.
 std::string shortened(std::string_view token) {
@@ -40,67 +37,109 @@ std::string description(std::string_view token) {
     return (isNumber(token) ? "the number " : "") + shortened(token);
 }
 
+/// So many digits fit both an integer and, exactly, a number with a fraction.
+constexpr std::ptrdiff_t mostPlainDigits = 15;
+
+/// An integer as nearly all numbers are written: a few digits without a zero before them.
+struct PlainInteger {
+    std::int64_t value = 0;
+    const char* end = nullptr;  ///< Nothing when the number is written otherwise.
+};
+
+PlainInteger readPlainInteger(const char* text) {
+    PlainInteger integer;
+    const char* at = text;
+    for (; *at >= '0' && *at <= '9' && at - text <= mostPlainDigits; ++at)
+        integer.value = integer.value * 10 + (*at - '0');
+    const std::ptrdiff_t length = at - text;
+    const bool isPlain = length > 0 && length <= mostPlainDigits && (*text != '0' || length == 1);
+    integer.end = isPlain ? at : nullptr;
+    return integer;
+}
+
 }  // namespace
 
-bool RecordDecoder::decode(Value value, std::string& text) {
-    std::string_view view;
-    const simdjson::error_code error = value.get_string().get(view);
-    if (error == simdjson::INCORRECT_TYPE)
+bool RecordDecoder::endsAt(Place value, const char* end) const {
+    const std::string_view region = tokens_.region(value);
+    const char* const next = region.data() + region.size();
+    return end == next || std::string_view(end, static_cast<std::size_t>(next - end))
+                                  .find_first_not_of(" \t\r\n") == std::string_view::npos;
+}
+
+RecordDecoder::Place RecordDecoder::decode(Place value, std::string& text) {
+    if (tokens_.front(value) != '"')
         return mismatch(value, typeName<std::string>);
-    if (error != simdjson::SUCCESS)
-        return broken();
-    text = view;
-    return true;
+    const std::string_view quoted = tokens_.quoted(value);
+    if (!tokens_.hasEscapes(quoted))
+        text = std::string(quoted);
+    else if (!tokens_.unescape(quoted, text))
+        return nullptr;
+    return value + 1;
 }
 
-bool RecordDecoder::decode(Value value, bool& truth) {
-    return value.get_bool().get(truth) == simdjson::SUCCESS || mismatch(value, typeName<bool>);
+RecordDecoder::Place RecordDecoder::decode(Place value, bool& truth) {
+    const char* const text = tokens_.address(value);
+    truth = std::memcmp(text, "true", 4) == 0;
+    const bool isBool = truth || std::memcmp(text, "false", 5) == 0;
+    if (!isBool || !endsAt(value, text + (truth ? 4 : 5)))
+        return mismatch(value, typeName<bool>);
+    return value + 1;
 }
 
-bool RecordDecoder::decode(Value value, double& number) {
-    if (value.get_double().get(number) == simdjson::SUCCESS)
-        return true;
-    mismatch(value, typeName<double>);
-    if (isNumber(tokenOf(value)))
-        fault_.found += ", which is too large";
-    return false;
+RecordDecoder::Place RecordDecoder::decode(Place value, double& number) {
+    const PlainInteger integer = readPlainInteger(tokens_.address(value));
+    if (integer.end == nullptr || !endsAt(value, integer.end))
+        return decodeUnusualNumber(value, number);
+    number = static_cast<double>(integer.value);
+    return value + 1;
 }
 
-bool RecordDecoder::decode(Value value, std::int64_t& number) {
-    if (value.get_int64().get(number) == simdjson::SUCCESS)
-        return true;
-    const std::optional<std::int64_t> otherwiseWritten = parseJsonInteger(tokenOf(value));
-    if (!otherwiseWritten)
-        return mismatch(value, typeName<std::int64_t>);
-    number = *otherwiseWritten;
-    return true;
+RecordDecoder::Place RecordDecoder::decode(Place value, std::int64_t& number) {
+    const PlainInteger integer = readPlainInteger(tokens_.address(value));
+    if (integer.end == nullptr || !endsAt(value, integer.end))
+        return decodeUnusualNumber(value, number);
+    number = integer.value;
+    return value + 1;
 }
 
-bool RecordDecoder::decode(Value value, system::Date& date) {
+RecordDecoder::Place RecordDecoder::decode(Place value, system::Date& date) {
     double seconds = 0;
-    if (!decode(value, seconds)) {
+    const Place next = decode(value, seconds);
+    if (next == nullptr)
         fault_.expected = typeName<system::Date>;
-        return false;
+    else
+        date = system::Date::since1970(seconds);
+    return next;
+}
+
+RecordDecoder::Place RecordDecoder::decodeUnusualNumber(Place value, double& number) {
+    const std::optional<double> nearest = parseJsonDouble(tokens_.token(value));
+    if (!nearest)
+        return mismatch(value, typeName<double>);
+    if (!std::isfinite(*nearest)) {
+        mismatch(value, typeName<double>);
+        fault_.found += ", which is too large";
+        return nullptr;
     }
-    date = system::Date::since1970(seconds);
-    return true;
+    number = *nearest;
+    return value + 1;
 }
 
-bool RecordDecoder::ignore(Value value) {
-    std::string_view json = value.raw_json_token();
-    simdjson::error_code error = simdjson::SUCCESS;
-    Object object;
-    simdjson::ondemand::array array;
-    if (json.starts_with('{') && (error = value.get_object().get(object)) == simdjson::SUCCESS)
-        error = object.raw_json().get(json);
-    if (json.starts_with('[') && (error = value.get_array().get(array)) == simdjson::SUCCESS)
-        error = array.raw_json().get(json);
-    return (error == simdjson::SUCCESS && !findSyntaxError(json)) || broken();
+RecordDecoder::Place RecordDecoder::decodeUnusualNumber(Place value, std::int64_t& number) {
+    const std::optional<std::int64_t> integer = parseJsonInteger(tokens_.token(value));
+    if (!integer)
+        return mismatch(value, typeName<std::int64_t>);
+    number = *integer;
+    return value + 1;
 }
 
-bool RecordDecoder::mismatch(Value value, std::string_view expected) {
-    fault_ = {"", description(tokenOf(value)), std::string(expected)};
-    return false;
+RecordDecoder::Place RecordDecoder::ignore(Place value) {
+    return findSyntaxError(tokens_.value(value)) ? nullptr : tokens_.behind(value);
+}
+
+std::nullptr_t RecordDecoder::mismatch(Place value, std::string_view expected) {
+    fault_ = {"", description(tokens_.token(value)), std::string(expected)};
+    return nullptr;
 }
 
 bool RecordDecoder::missing(std::string_view key, std::string_view expected) {
@@ -108,16 +147,12 @@ bool RecordDecoder::missing(std::string_view key, std::string_view expected) {
     return false;
 }
 
-bool RecordDecoder::broken() {
-    isBroken_ = true;
-    return false;
-}
-
-bool RecordDecoder::postpone(std::string_view key, const std::string& step, KeyFaults& faults) {
+RecordDecoder::Place RecordDecoder::postpone(Place value, std::string_view key,
+                                             const std::string& step, KeyFaults& faults) {
     fault_.path.insert(0, step);
     faults.set(key, std::move(fault_));
     hasSkipped_ = true;
-    return !isBroken_;
+    return tokens_.behind(value);
 }
 
 bool RecordDecoder::settle(const KeyFaults& faults) {

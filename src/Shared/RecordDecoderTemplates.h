@@ -2,6 +2,9 @@
 
 // The part of RecordDecoder that depends on the record; included by RecordDecoder.h only.
 
+#include <cstring>
+#include <type_traits>
+
 #include "Shared/RecordDecoder.h"
 
 namespace kelmar::shared {
@@ -27,138 +30,127 @@ inline constexpr bool isOptional = false;
 template <class Content>
 inline constexpr bool isOptional<std::optional<Content>> = true;
 
-/// The place of a key in the record's list, or nothing. Documents nearly always have their keys in
-/// the list's order, so the search begins at the field that should come next.
-template <Recorded Record, class Matches>
-std::optional<std::size_t> findField(std::size_t expected, Matches matches) {
-    for (std::size_t step = 0; step < fieldCount<Record>; ++step) {
-        const std::size_t place = (expected + step) % fieldCount<Record>;
-        if (matches(fieldNames<Record>[place]))
-            return place;
+/// A bit for each field that must be there.
+template <Recorded Record>
+constexpr std::uint32_t requiredFields() {
+    static_assert(fieldCount<Record> <= 32);
+    std::uint32_t required = 0;
+    holdsForAllFields<Record>([&]<std::size_t place>(FieldPlace<place>) {
+        using Value = typename std::remove_cvref_t<decltype(fieldAt<Record, place>)>::Value;
+        required |= isOptional<Value> ? 0U : 1U << place;
+        return true;
+    });
+    return required;
+}
+
+template <class DecodeValue>
+RecordDecoder::Place RecordDecoder::decodeEntries(Place object, DecodeValue decodeValue) {
+    Place at = object + 1;
+    if (tokens_.front(at) == '}')
+        return at + 1;
+    std::string unescapedKey;
+    for (;; ++at) {
+        if (tokens_.front(at) != '"' || tokens_.front(at + 1) != ':')
+            return nullptr;
+        std::string_view key = tokens_.quoted(at);
+        if (tokens_.hasEscapes(key)) {
+            if (!tokens_.unescape(key, unescapedKey))
+                return nullptr;
+            key = unescapedKey;
+        }
+        at = decodeValue(key, at + 2);
+        if (at == nullptr)
+            return nullptr;
+        if (tokens_.front(at) != ',')
+            return tokens_.front(at) == '}' ? at + 1 : nullptr;
     }
-    return std::nullopt;
 }
 
 template <Recorded Record>
-bool RecordDecoder::decode(Object object, Record& record) {
+RecordDecoder::Place RecordDecoder::decode(Place object, Record& record) {
+    if (tokens_.front(object) != '{')
+        return mismatch(object, typeName<Record>);
     KeyFaults faults;
-    std::array<bool, fieldCount<Record>> seen = {};
-    std::size_t expected = 0;
-    for (auto entry : object) {
-        simdjson::ondemand::field field;
-        if (std::move(entry).get(field) != simdjson::SUCCESS)
-            return broken();
-        std::optional<std::size_t> place = findField<Record>(
-            expected, [&](std::string_view name) { return field.key().unsafe_is_equal(name); });
-        if (!place) {
-            // Unknown, or written with escapes.
-            std::string_view key;
-            if (field.unescaped_key().get(key) != simdjson::SUCCESS)
-                return broken();
-            place = findField<Record>(0, [&](std::string_view name) { return key == name; });
-        }
-        if (!place) {
-            if (!ignore(field.value()))
-                return false;
-            continue;
-        }
-        if (!decodeField(field.value(), *place, record, faults))
+    std::uint32_t seen = 0;
+    const auto decodeField = [&](std::string_view key, Place value) {
+        Place next = nullptr;
+        const auto isOther = [&]<std::size_t place>(FieldPlace<place>) {
+            constexpr const auto& field = fieldAt<Record, place>;
+            // The length being known, no function has to be called to compare so few characters.
+            if (key.size() != field.name.size() ||
+                std::memcmp(key.data(), field.name.data(), field.name.size()) != 0)
+                return true;
+            seen |= 1U << place;
+            next = decode(value, record.*field.member);
+            if (next == nullptr)
+                next = postpone(value, field.name, "." + std::string(field.name), faults);
+            else
+                faults.forget(field.name);
             return false;
-        seen[*place] = true;
-        expected = *place + 1;
-    }
-    return settle(faults) && hasAllFields<Record>(seen);
+        };
+        return holdsForAllFields<Record>(isOther) ? ignore(value) : next;
+    };
+    const Place behind = decodeEntries(object, decodeField);
+    const bool isWhole = behind != nullptr && settle(faults) && hasFields<Record>(seen);
+    return isWhole ? behind : nullptr;
 }
 
 template <Recorded Record>
-bool RecordDecoder::decodeField(Value value, std::size_t place, Record& record, KeyFaults& faults) {
-    const std::string_view name = fieldNames<Record>[place];
-    const bool isDecoded = withField<Record>(
-        place, [&](const auto& field) { return decode(value, record.*field.member); });
-    if (!isDecoded)
-        return postpone(name, "." + std::string(name), faults);
-    faults.forget(name);
-    return true;
-}
-
-template <Recorded Record>
-bool RecordDecoder::hasAllFields(const std::array<bool, fieldCount<Record>>& seen) {
-    for (std::size_t place = 0; place < fieldCount<Record>; ++place) {
-        if (seen[place])
-            continue;
-        const bool mayBeMissing = withField<Record>(place, [&]<class Field>(const Field& field) {
-            using Content = typename Field::Value;
-            return isOptional<Content> || missing(field.name, typeName<Content>);
-        });
-        if (!mayBeMissing)
-            return false;
-    }
-    return true;
-}
-
-template <Recorded Record>
-bool RecordDecoder::decode(Value value, Record& record) {
-    Object object;
-    const simdjson::error_code error = value.get_object().get(object);
-    if (error == simdjson::INCORRECT_TYPE)
-        return mismatch(value, typeName<Record>);
-    return error == simdjson::SUCCESS ? decode(object, record) : broken();
+bool RecordDecoder::hasFields(std::uint32_t seen) {
+    constexpr std::uint32_t required = requiredFields<Record>();
+    return (seen & required) == required ||
+           holdsForAllFields<Record>([&]<std::size_t place>(FieldPlace<place>) {
+               constexpr const auto& field = fieldAt<Record, place>;
+               using Value = typename std::remove_cvref_t<decltype(field)>::Value;
+               return ((seen | ~required) >> place & 1U) != 0 ||
+                      missing(field.name, typeName<Value>);
+           });
 }
 
 template <class Element>
-bool RecordDecoder::decode(Value value, std::vector<Element>& list) {
-    simdjson::ondemand::array array;
-    const simdjson::error_code error = value.get_array().get(array);
-    if (error == simdjson::INCORRECT_TYPE)
+RecordDecoder::Place RecordDecoder::decode(Place value, std::vector<Element>& list) {
+    if (tokens_.front(value) != '[')
         return mismatch(value, typeName<std::vector<Element>>);
-    if (error != simdjson::SUCCESS)
-        return broken();
     list.clear();
-    for (auto entry : array) {
-        Value element;
-        if (entry.get(element) != simdjson::SUCCESS)
-            return broken();
-        if (!decode(element, list.emplace_back())) {
-            fault_.path.insert(0, "[" + std::to_string(list.size() - 1) + "]");
-            return false;
+    Place at = value + 1;
+    if (tokens_.front(at) == ']')
+        return at + 1;
+    for (;; ++at) {
+        Element element = {};
+        at = decode(at, element);
+        if (at == nullptr) {
+            fault_.path.insert(0, "[" + std::to_string(list.size()) + "]");
+            return nullptr;
         }
+        list.push_back(std::move(element));
+        if (tokens_.front(at) != ',')
+            return tokens_.front(at) == ']' ? at + 1 : nullptr;
     }
-    return true;
 }
 
 template <class Element>
-bool RecordDecoder::decode(Value value, std::map<std::string, Element>& map) {
-    Object object;
-    const simdjson::error_code error = value.get_object().get(object);
-    if (error == simdjson::INCORRECT_TYPE)
+RecordDecoder::Place RecordDecoder::decode(Place value, std::map<std::string, Element>& map) {
+    if (tokens_.front(value) != '{')
         return mismatch(value, typeName<std::map<std::string, Element>>);
-    if (error != simdjson::SUCCESS)
-        return broken();
     map.clear();
     KeyFaults faults;
-    for (auto entry : object) {
-        simdjson::ondemand::field field;
-        std::string_view key;
-        if (std::move(entry).get(field) != simdjson::SUCCESS ||
-            field.unescaped_key().get(key) != simdjson::SUCCESS)
-            return broken();
+    const Place behind = decodeEntries(value, [&](std::string_view key, Place entry) {
         Element element = {};
-        if (decode(field.value(), element)) {
-            faults.forget(key);
-            map.insert_or_assign(map.end(), std::string(key), std::move(element));
-        } else if (!postpone(key, "['" + std::string(key) + "']", faults)) {
-            return false;
-        }
-    }
-    return settle(faults);
+        const Place next = decode(entry, element);
+        if (next == nullptr)
+            return postpone(entry, key, "['" + std::string(key) + "']", faults);
+        faults.forget(key);
+        map.insert_or_assign(map.end(), std::string(key), std::move(element));
+        return next;
+    });
+    return behind != nullptr && settle(faults) ? behind : nullptr;
 }
 
 template <class Content>
-bool RecordDecoder::decode(Value value, std::optional<Content>& optional) {
-    bool isNull = false;
-    if (value.is_null().get(isNull) == simdjson::SUCCESS && isNull) {
+RecordDecoder::Place RecordDecoder::decode(Place value, std::optional<Content>& optional) {
+    if (tokens_.front(value) == 'n' && tokens_.token(value) == "null") {
         optional.reset();
-        return true;
+        return value + 1;
     }
     optional = Content();
     return decode(value, *optional);

@@ -20,19 +20,14 @@ namespace kelmar::shared {
 /// made behind it for the parser, which reads ahead of the end.
 template <Recorded Record>
 [[nodiscard]] system::Result<Record, SnapshotFault> decodeRecord(std::string& json) {
-    simdjson::ondemand::parser parser;
-    simdjson::ondemand::document document;
-    RecordDecoder::Object root;
-    RecordDecoder decoder;
+    // Its room is kept for the next text.
+    thread_local JsonTokens tokens;
+    if (startsWithByteOrderMark(json) || !tokens.find(json))
+        return explain(json, {"", "more text than there is room for", "an object"});
+    RecordDecoder decoder(tokens);
     Record record;
-    json.reserve(json.size() + simdjson::SIMDJSON_PADDING);
-    const bool isDecoded =
-        !startsWithByteOrderMark(json) &&
-        parser.iterate(json.data(), json.size(), json.capacity()).get(document) ==
-            simdjson::SUCCESS &&
-        document.get_object().get(root) == simdjson::SUCCESS && decoder.decode(root, record) &&
-        document.current_location().error() == simdjson::OUT_OF_BOUNDS &&
-        (!decoder.hasSkipped() || !findSyntaxError(json));
+    const bool isDecoded = decoder.decode(tokens.begin(), record) == tokens.end() &&
+                           (!decoder.hasSkipped() || !findSyntaxError(json));
     if (!isDecoded)
         return explain(json, decoder.fault());
     return record;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <optional>
 #include <string_view>
@@ -34,21 +33,20 @@ concept Recorded = requires {
 template <Recorded Record>
 inline constexpr std::size_t fieldCount = std::tuple_size_v<decltype(Fields<Record>::all)>;
 
-/// The keys of a record, by place in its list.
-template <Recorded Record>
-inline constexpr std::array<std::string_view, fieldCount<Record>> fieldNames =
-    std::apply([](const auto&... field) { return std::array{field.name...}; }, Fields<Record>::all);
+/// The field at a place of the list.
+template <Recorded Record, std::size_t place>
+inline constexpr const auto& fieldAt = std::get<place>(Fields<Record>::all);
 
-/// Calls `action` with the field at a place that only the running program knows, and gives back
-/// what it says.
+/// A place of the list as a value, to call generic code with.
+template <std::size_t place>
+using FieldPlace = std::integral_constant<std::size_t, place>;
+
+/// Calls `action(FieldPlace)` for each field in order, as long as it says true; false as soon as it
+/// says false.
 template <Recorded Record, class Action>
-bool withField(std::size_t place, Action action) {
+constexpr bool holdsForAllFields(Action action) {
     return [&]<std::size_t... places>(std::index_sequence<places...>) {
-        bool result = false;
-        static_cast<void>(
-            ((places == place && (result = action(std::get<places>(Fields<Record>::all)), true)) ||
-             ...));
-        return result;
+        return (action(FieldPlace<places>()) && ...);
     }
     (std::make_index_sequence<fieldCount<Record>>());
 }

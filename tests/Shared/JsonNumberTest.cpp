@@ -1,3 +1,5 @@
+#include <array>
+#include <charconv>
 #include <gtest/gtest.h>
 #include <limits>
 #include <rapidcheck.h>
@@ -53,6 +55,45 @@ TEST(JsonInteger, AnyIntegerSurvivesBeingWrittenWithZerosAndAnExponent) {
         // Zeros behind a lone 0 would make it no number of JSON's.
         const std::string padded = value == 0 ? digits : digits + padding;
         RC_ASSERT(parseJsonInteger(padded + "e-" + std::to_string(zeros)) == value);
+    }));
+}
+
+TEST(JsonDouble, IsTheNearestNumber) {
+    EXPECT_EQ(parseJsonDouble("0"), 0.0);
+    EXPECT_EQ(parseJsonDouble("-12.5e1"), -125.0);
+    EXPECT_EQ(parseJsonDouble("1741305600.25"), 1'741'305'600.25);
+    EXPECT_EQ(parseJsonDouble("0.1"), 0.1);
+    EXPECT_EQ(parseJsonDouble("123456789012345678901234567890"), 123456789012345678901234567890.0);
+    EXPECT_EQ(parseJsonDouble("1.7976931348623157e308"), std::numeric_limits<double>::max());
+    EXPECT_EQ(parseJsonDouble("5e-324"), std::numeric_limits<double>::denorm_min());
+}
+
+TEST(JsonDouble, IsZeroWhenTooSmallToBeToldFromIt) {
+    for (const std::string& text :
+         {std::string("1e-400"), std::string("-1e-99999999999999999999"),
+          "0." + std::string(400, '0') + "1e5", "1" + std::string(30, '0') + "e-400"})
+        EXPECT_EQ(parseJsonDouble(text), 0.0) << text;
+}
+
+TEST(JsonDouble, IsInfiniteWhenTooLarge) {
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(parseJsonDouble("1e400"), infinity);
+    EXPECT_EQ(parseJsonDouble("-1e99999999999999999999"), -infinity);
+    EXPECT_EQ(parseJsonDouble("1" + std::string(400, '0') + "e-5"), infinity);
+    EXPECT_EQ(parseJsonDouble("0.00001e400"), infinity);
+}
+
+TEST(JsonDouble, IsNothingWhenTheTextIsNoNumberOfJsons) {
+    for (const char* const text : {"", "-", "+3", "03", ".5", "3.", "3e", "0x3", "3 ", " 3", "inf",
+                                   "nan", "Infinity", "true", "\"3\""})
+        EXPECT_EQ(parseJsonDouble(text), std::nullopt) << text;
+}
+
+TEST(JsonDouble, AnyNumberSurvivesBeingWritten) {
+    EXPECT_TRUE(rc::check([](double value) {
+        std::array<char, 32> text = {};
+        const auto written = std::to_chars(text.data(), text.data() + text.size(), value);
+        RC_ASSERT(parseJsonDouble({text.data(), written.ptr}) == value);
     }));
 }
 
