@@ -11,6 +11,7 @@
 #include "Desktop/FirstArrangement.h"
 #include "Desktop/Options.h"
 #include "Desktop/Termination.h"
+#include "Desktop/TrayIcon.h"
 #include "Desktop/WidgetAccessibility.h"
 #include "Desktop/X11Hints.h"
 #include "Host/GioUrlOpener.h"
@@ -51,8 +52,8 @@ std::string keyFileOf(const Options& options) {
 
 /// Everything that both the desktop and its picture stand on.
 struct Ground {
-    explicit Ground(const host::ExtensionFile& extensionFile)
-        : host(extensionFile, urlOpener, clock) {}
+    Ground(const host::ExtensionFile& extensionFile, const std::string& systemVersion)
+        : host(extensionFile, urlOpener, clock, systemVersion) {}
 
     system::SystemClock clock;
     host::GioUrlOpener urlOpener{makeActivationToken};
@@ -64,6 +65,9 @@ struct Ground {
 
 int showDesktop(Ground& ground, const Options& options, host::Log& log) {
     const system::GettextLocalization texts("", system::catalogueFolder());
+    // For the menus: Qt would only know from translations of its own, which it has not got here.
+    QApplication::setLayoutDirection(
+        ground.direction == layout::Direction::rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     ArrangementFile arrangementFile(ArrangementFile::standardPath(), log);
     const PortalSettings settings(log);
     const Compositor compositor;
@@ -82,9 +86,11 @@ int showDesktop(Ground& ground, const Options& options, host::Log& log) {
                      .log = log,
                      .direction = ground.direction},
                     options);
+    const TrayIcon tray({.host = ground.host, .look = look, .texts = texts, .log = log});
     // Not quit(): it would ask every window whether it may be closed, and they all say no.
     const auto end = [] { QApplication::exit(0); };
     QObject::connect(&desktop, &Desktop::quitRequested, qApp, end, Qt::QueuedConnection);
+    QObject::connect(&tray, &TrayIcon::quitRequested, qApp, end, Qt::QueuedConnection);
     const Termination termination(end);
     const int status = QApplication::exec();
     desktop.save();
@@ -172,7 +178,7 @@ int runDesktop(int argc, char** argv) {
         log.write(host::LogLevel::error, extensionFile.failure().reason);
         return failureStatus;
     }
-    Ground ground(*extensionFile);
+    Ground ground(*extensionFile, options.systemVersion);
     return options.pictureFile ? drawDesktop(ground, options, log)
                                : showDesktop(ground, options, log);
 }

@@ -1,73 +1,17 @@
 #include "Desktop/Compositor.h"
 
-#include <xcb/xfixes.h>
-
 #include "Desktop/X11.h"
 
 namespace kelmar::desktop {
 
-namespace {
-
-bool hasOwner(xcb_connection_t* x, xcb_atom_t selection) {
-    const x11::ReplyPointer<xcb_get_selection_owner_reply_t> reply(
-        xcb_get_selection_owner_reply(x, xcb_get_selection_owner(x, selection), nullptr));
-    return reply && reply->owner != XCB_WINDOW_NONE;
+// Qt works on one X screen only, and today's servers have but screen 0.
+Compositor::Compositor() : manager_("_NET_WM_CM_S0") {
+    connect(&manager_, &SelectionOwner::changed, this, &Compositor::changed);
 }
 
-/// Gives back the number of the event that tells of a new owner, or 0 without the extension.
-int followOwner(xcb_connection_t* x, xcb_atom_t selection) {
-    const xcb_query_extension_reply_t* fixes = xcb_get_extension_data(x, &xcb_xfixes_id);
-    if (fixes == nullptr || fixes->present == 0) {
-        return 0;
-    }
-    // The server sends nothing before it has been told which version is spoken.
-    const x11::ReplyPointer<xcb_xfixes_query_version_reply_t> version(
-        xcb_xfixes_query_version_reply(x, xcb_xfixes_query_version(x, 5, 0), nullptr));
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(x)).data->root;
-    xcb_xfixes_select_selection_input(x, root, selection,
-                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
-                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
-                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
-    return fixes->first_event + XCB_XFIXES_SELECTION_NOTIFY;
-}
-
-}  // namespace
-
-Compositor::Compositor(QObject* parent) : QObject(parent) {
-    xcb_connection_t* x = x11::connection();
-    if (x == nullptr) {
-        // Elsewhere than on X11 composing is no choice: windows are always composed.
-        isRunning_ = true;
-        return;
-    }
-    // Qt works on one X screen only, and today's servers have but screen 0.
-    selection_ = x11::atoms<1>(x, {"_NET_WM_CM_S0"})[0];
-    selectionNotify_ = followOwner(x, selection_);
-    isRunning_ = hasOwner(x, selection_);
-    if (selectionNotify_ != 0) {
-        qGuiApp->installNativeEventFilter(this);
-    }
-}
-
-Compositor::~Compositor() {
-    if (selectionNotify_ != 0) {
-        qGuiApp->removeNativeEventFilter(this);
-    }
-}
-
-bool Compositor::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
-                                   qintptr* /*result*/) {
-    const auto& event = *static_cast<const xcb_generic_event_t*>(message);
-    if (x11::typeOf(event) != selectionNotify_) {
-        return false;
-    }
-    const auto& notify = *static_cast<const xcb_xfixes_selection_notify_event_t*>(message);
-    const bool runsNow = notify.owner != XCB_WINDOW_NONE;
-    if (notify.selection == selection_ && runsNow != isRunning_) {
-        isRunning_ = runsNow;
-        emit changed();
-    }
-    return false;
+bool Compositor::isRunning() const {
+    // Elsewhere than on X11 composing is no choice: windows are always composed.
+    return x11::connection() == nullptr || manager_.isThere();
 }
 
 }  // namespace kelmar::desktop

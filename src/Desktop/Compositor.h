@@ -1,30 +1,24 @@
 #pragma once
 
-#include <QAbstractNativeEventFilter>
-#include <QObject>
+#include "Desktop/SelectionOwner.h"
 
 namespace kelmar::desktop {
 
 /// Whether a compositing manager runs, now and later. Without one the transparent corners of a
 /// window would be black.
-class Compositor final : public QObject, public QAbstractNativeEventFilter {
+class Compositor final : public QObject {
     Q_OBJECT
 
 public:
-    explicit Compositor(QObject* parent = nullptr);
-    ~Compositor() override;
+    Compositor();
 
-    [[nodiscard]] bool isRunning() const { return isRunning_; }
+    [[nodiscard]] bool isRunning() const;
 
 signals:
     void changed();
 
 private:
-    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
-
-    bool isRunning_ = false;
-    unsigned selection_ = 0;   ///< The X selection that a compositing manager owns.
-    int selectionNotify_ = 0;  ///< The number of the event that tells of a new owner.
+    SelectionOwner manager_;
 };
 
 }  // namespace kelmar::desktop

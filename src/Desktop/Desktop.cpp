@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "Desktop/ControlEntries.h"
 #include "Desktop/FirstArrangement.h"
 #include "Desktop/Screens.h"
 #include "Desktop/WidgetMenu.h"
@@ -222,6 +223,7 @@ void Desktop::popUpMenu(host::WidgetId id, QPoint position) {
              },
          .quit = [this] { emit quitRequested(); }},
         parts_.texts);
+    new ControlEntries(*menu, parts_.host, menu->palette().color(QPalette::WindowText));
     menu->popup(position);
 }
 

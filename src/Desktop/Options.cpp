@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <map>
+#include <regex>
 
 namespace kelmar::desktop {
 
@@ -27,6 +28,13 @@ kit::RenderingMode readMode(const std::string& text) {
                                    "\"" + text + "\" is not fullColor, accented or vibrant");
     }
     return *mode;
+}
+
+/// What is wrong with it, or nothing.
+std::string faultOfVersion(const std::string& text) {
+    static const std::regex version("[0-9]+(\\.[0-9]+)*");
+    return std::regex_match(text, version) ? std::string()
+                                           : "\"" + text + "\" is not of the form 26.0.0";
 }
 
 void declare(CLI::App& command, Options& options) {
@@ -58,6 +66,12 @@ void declare(CLI::App& command, Options& options) {
             [&options](const std::string& text) { options.renderingMode = readMode(text); },
             "fullColor, accented or vibrant")
         ->type_name("MODE");
+    command
+        .add_option(
+            "--system-version", options.systemVersion,
+            "The version of the system that the extension is told; it offers an older one less")
+        ->type_name("VERSION")
+        ->check(faultOfVersion);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <variant>
 #include <vector>
 
+#include "Host/SystemVersion.h"
 #include "Kit/Environment.h"
 
 namespace kelmar::desktop {
@@ -26,6 +27,7 @@ struct Options {
     std::optional<std::string> pictureFile;
     SchemeChoice scheme = SchemeChoice::followDesktop;
     std::optional<kit::RenderingMode> renderingMode;
+    std::string systemVersion = host::newestSystemVersion;
 
     friend bool operator==(const Options&, const Options&) = default;
 };

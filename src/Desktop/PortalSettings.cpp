@@ -6,11 +6,12 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
-#include <QFile>
 #include <QStringList>
 #include <algorithm>
 #include <array>
 #include <utility>
+
+#include "Desktop/SessionBus.h"
 
 namespace kelmar::desktop {
 
@@ -100,10 +101,7 @@ Preferences withSetting(Preferences preferences, const QString& settingNamespace
 }
 
 PortalSettings::PortalSettings(host::Log& log, QObject* parent) : QObject(parent), log_(log) {
-    // Without an address the D-Bus library would start a bus of its own, which nobody else is on.
-    const bool mayHaveBus = qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
-                            QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
-    QDBusConnection bus = mayHaveBus ? QDBusConnection::sessionBus() : QDBusConnection(QString());
+    QDBusConnection bus = sessionBus();
     if (!bus.isConnected()) {
         log_.write(host::LogLevel::notice,
                    "There is no session bus: the desktop's colours and font are not followed.");

@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <algorithm>
 
+#include "Desktop/MenuText.h"
 #include "System/Fatal.h"
 
 namespace kelmar::desktop {
@@ -87,7 +88,7 @@ public:
 
 private:
     static QString escaped(const std::string& text) {
-        return QString::fromStdString(text).replace('&', "&&");
+        return escapedForMenu(QString::fromStdString(text));
     }
 
     static void addToChoice(QActionGroup& choice, QAction& action, bool isChosen) {

@@ -37,8 +37,9 @@ void ExtensionClient::proceed() {
     if (!session_) {
         SessionOwner& owner = *this;
         session_ = std::make_unique<ExtensionSession>(
-            owner, ExtensionSession::Parts{parts_.launcher, parts_.urlGate, parts_.timers,
-                                           parts_.log, parts_.limits, parts_.name});
+            owner,
+            ExtensionSession::Parts{parts_.launcher, parts_.urlGate, parts_.timers, parts_.log,
+                                    parts_.limits, parts_.name, parts_.systemVersion});
     }
     while (session_->isReady() && !waiting_.empty()) {
         session_->send(std::move(waiting_.front()));

@@ -11,6 +11,7 @@
 #include "Host/ExtensionRequest.h"
 #include "Host/ExtensionSession.h"
 #include "Host/HostLimits.h"
+#include "Host/SystemVersion.h"
 #include "Kit/Descriptor.h"
 
 namespace kelmar::host {
@@ -27,7 +28,8 @@ public:
         Timers& timers;
         Log& log;
         HostLimits limits;
-        std::string name;  ///< Of the extension, for the log.
+        std::string name;                                 ///< Of the extension, for the log.
+        std::string systemVersion = newestSystemVersion;  ///< What the extension is told.
     };
 
     /// `bundleCame` runs each time the extension has introduced itself.

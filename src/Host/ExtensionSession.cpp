@@ -6,9 +6,6 @@
 namespace kelmar::host {
 namespace {
 
-/// What the extension may take the host for.
-constexpr const char* systemVersion = "26.0.0";
-
 std::string seconds(std::chrono::milliseconds time) {
     return fmt::format("{:g} s", std::chrono::duration<double>(time).count());
 }
@@ -37,7 +34,7 @@ ExtensionSession::ExtensionSession(SessionOwner& owner, const Parts& parts)
       urls_(parts.urlGate, parts.limits.waitingUrls),
       errorLines_(parts.limits.errorLines, parts.limits.errorLinesTime),
       process_(parts.launcher.launch(*this)) {
-    send({kit::InitializeRequest{systemVersion}, Patience::lasting, {}});
+    send({kit::InitializeRequest{parts_.systemVersion}, Patience::lasting, {}});
 }
 
 ExtensionSession::~ExtensionSession() {

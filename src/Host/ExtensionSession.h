@@ -45,7 +45,8 @@ public:
         Timers& timers;
         Log& log;
         const HostLimits& limits;
-        const std::string& name;  ///< Of the extension, for the log.
+        const std::string& name;           ///< Of the extension, for the log.
+        const std::string& systemVersion;  ///< What the extension is told.
     };
 
     ExtensionSession(SessionOwner& owner, const Parts& parts);

@@ -1,5 +1,7 @@
 #include "Host/HostParts.h"
 
+#include <utility>
+
 #include "Host/InotifyFileWatch.h"
 #include "Host/ProcessLauncher.h"
 #include "Host/TimerfdWallClockTimer.h"
@@ -26,10 +28,17 @@ MachineParts::MachineParts(const ExtensionFile& extensionFile, Log& log)
 
 MachineParts::~MachineParts() = default;
 
-HostParts MachineParts::with(UrlOpener& urlOpener, const system::Clock& clock) {
-    return {
-        urlOpener,         clock,       parts_->wallClockTimer, parts_->timers, parts_->launcher,
-        parts_->fileWatch, parts_->log, parts_->limits};
+HostParts MachineParts::with(UrlOpener& urlOpener, const system::Clock& clock,
+                             std::string systemVersion) {
+    return {urlOpener,
+            clock,
+            parts_->wallClockTimer,
+            parts_->timers,
+            parts_->launcher,
+            parts_->fileWatch,
+            parts_->log,
+            parts_->limits,
+            std::move(systemVersion)};
 }
 
 }  // namespace kelmar::host

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "Host/ExtensionFile.h"
 #include "Host/ExtensionProcess.h"
 #include "Host/FileWatch.h"
 #include "Host/HostLimits.h"
 #include "Host/Log.h"
+#include "Host/SystemVersion.h"
 #include "Host/Timers.h"
 #include "Host/UrlOpener.h"
 #include "Host/WallClockTimer.h"
@@ -24,6 +26,7 @@ struct HostParts {
     FileWatch& fileWatch;
     Log& log;
     HostLimits limits;
+    std::string systemVersion = newestSystemVersion;  ///< What the extension is told.
 };
 
 /// The real ones, of this machine.
@@ -34,7 +37,8 @@ public:
     MachineParts(const MachineParts&) = delete;
     MachineParts& operator=(const MachineParts&) = delete;
 
-    [[nodiscard]] HostParts with(UrlOpener& urlOpener, const system::Clock& clock);
+    [[nodiscard]] HostParts with(UrlOpener& urlOpener, const system::Clock& clock,
+                                 std::string systemVersion);
 
 private:
     struct Parts;

@@ -6,6 +6,7 @@
 
 #include "Host/CheckedResults.h"
 #include "Host/ContentKeeper.h"
+#include "Host/ControlKeeper.h"
 #include "Host/ExtensionClient.h"
 #include "Host/HostParts.h"
 #include "Host/UrlGate.h"
@@ -35,6 +36,8 @@ public:
     State& operator=(const State&) = delete;
 
     [[nodiscard]] ContentKeeper& keeper() { return keeper_; }
+    [[nodiscard]] ControlKeeper& controls() { return controls_; }
+    void reloadAll();
     void perform(const kit::Intent& intent);
     void openLink(const std::string& url);
     void requestPreview(const std::string& kind, const kit::Environment& environment,
@@ -52,6 +55,7 @@ private:
     UrlGate urlGate_;
     ExtensionClient client_;
     ContentKeeper keeper_;
+    ControlKeeper controls_;
 };
 
 WidgetHost::State::State(WidgetHost& host, ExtensionFile extensionFile, const HostParts& parts)
@@ -60,11 +64,13 @@ WidgetHost::State::State(WidgetHost& host, ExtensionFile extensionFile, const Ho
       parts_(parts),
       urlGate_(parts_.urlOpener, extensionFile_.urlScheme),
       client_({parts_.launcher, urlGate_, parts_.timers, parts_.log, parts_.limits,
-               nameOf(extensionFile_)},
+               nameOf(extensionFile_), parts_.systemVersion},
               [this](kit::Bundle newBundle) { takeBundle(std::move(newBundle)); }),
       keeper_(parts_, client_, extensionFile_.urlScheme,
-              [this](WidgetId id) { emit host_.entryChanged(id); }) {
-    parts_.fileWatch.watch(extensionFile_.reloadOnChange, [this] { keeper_.reloadAll(); });
+              [this](WidgetId id) { emit host_.entryChanged(id); }),
+      controls_(client_, parts_.log,
+                [this](const std::string& kind) { emit host_.controlChanged(kind); }) {
+    parts_.fileWatch.watch(extensionFile_.reloadOnChange, [this] { reloadAll(); });
     client_.start();
 }
 
@@ -75,8 +81,14 @@ WidgetHost::State::~State() {
 void WidgetHost::State::takeBundle(kit::Bundle newBundle) {
     if (bundle != newBundle) {
         bundle = std::move(newBundle);
+        controls_.offer(bundle->controls);
         emit host_.bundleChanged();
     }
+}
+
+void WidgetHost::State::reloadAll() {
+    keeper_.reloadAll();
+    controls_.reloadAll();
 }
 
 void WidgetHost::State::perform(const kit::Intent& intent) {
@@ -88,7 +100,7 @@ void WidgetHost::State::perform(const kit::Intent& intent) {
                                                           "are reloaded all the same",
                                                           name, outcome.failure().reason));
                          }
-                         keeper_.reloadAll();
+                         reloadAll();
                      }});
 }
 
@@ -116,10 +128,10 @@ void WidgetHost::State::requestPreview(const std::string& kind, const kit::Envir
 }
 
 WidgetHost::WidgetHost(ExtensionFile extensionFile, UrlOpener& urlOpener,
-                       const system::Clock& clock, QObject* parent)
+                       const system::Clock& clock, std::string systemVersion, QObject* parent)
     : QObject(parent) {
     auto ownParts = std::make_unique<OwnParts>(extensionFile);
-    const auto parts = ownParts->parts.with(urlOpener, clock);
+    const auto parts = ownParts->parts.with(urlOpener, clock, std::move(systemVersion));
     state_ = std::make_unique<State>(*this, std::move(extensionFile), parts);
     state_->ownParts = std::move(ownParts);
 }
@@ -155,6 +167,14 @@ bool WidgetHost::showsPlaceholder(WidgetId id) const {
     return widget != nullptr && widget->showsPlaceholder();
 }
 
+const kit::ControlValue* WidgetHost::controlValue(const std::string& kind) const {
+    return state_->controls().find(kind);
+}
+
+void WidgetHost::reloadControls() {
+    state_->controls().reloadAll();
+}
+
 void WidgetHost::perform(const kit::Intent& intent) {
     state_->perform(intent);
 }
@@ -170,10 +190,11 @@ void WidgetHost::requestPreview(const std::string& kind, const kit::Environment&
 
 void WidgetHost::reload(const std::string& kind) {
     state_->keeper().reload(kind);
+    state_->controls().reload(kind);
 }
 
 void WidgetHost::reloadAll() {
-    state_->keeper().reloadAll();
+    state_->reloadAll();
 }
 
 }  // namespace kelmar::host

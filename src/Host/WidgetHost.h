@@ -27,9 +27,10 @@ class WidgetHost final : public QObject {
     Q_OBJECT
 
 public:
-    /// `clock` and `urlOpener` must outlive the host.
+    /// `clock` and `urlOpener` must outlive the host. What the extension offers may depend on
+    /// `systemVersion`.
     WidgetHost(ExtensionFile extensionFile, UrlOpener& urlOpener, const system::Clock& clock,
-               QObject* parent = nullptr);
+               std::string systemVersion, QObject* parent = nullptr);
     /// With other surroundings than this machine's; all parts must outlive the host.
     WidgetHost(ExtensionFile extensionFile, const HostParts& parts, QObject* parent = nullptr);
     ~WidgetHost() override;
@@ -48,7 +49,13 @@ public:
     /// Whether `shownEntry` is only the placeholder, to be drawn redacted.
     [[nodiscard]] bool showsPlaceholder(WidgetId id) const;
 
-    /// Runs an action of a widget; when it has ended all widgets are reloaded.
+    /// What a control shows, as far as is known, or nothing while no answer has come yet. Valid
+    /// until `controlChanged` or `bundleChanged`.
+    [[nodiscard]] const kit::ControlValue* controlValue(const std::string& kind) const;
+    /// Asks what the controls show now: to be called when they are about to be looked at.
+    void reloadControls();
+
+    /// Runs an action of a widget or a control; when it has ended everything is reloaded.
     void perform(const kit::Intent& intent);
     /// Opens a link that the user pressed, if its scheme is the extension's own.
     void openLink(const std::string& url);
@@ -56,12 +63,15 @@ public:
     void requestPreview(const std::string& kind, const kit::Environment& environment,
                         std::function<void(system::Result<kit::Entry>)> answer);
 
+    /// Asks for new content of all widgets of a kind, or of the control that has it.
     void reload(const std::string& kind);
+    /// Of all widgets and controls.
     void reloadAll();
 
 signals:
     void bundleChanged();
     void entryChanged(kelmar::host::WidgetId id);
+    void controlChanged(const std::string& kind);
 
 private:
     class State;

@@ -19,15 +19,16 @@ TEST(Options, NothingSaidIsTheUsualDesktop) {
 }
 
 TEST(Options, EverythingSaidIsUnderstood) {
-    const auto options =
-        read({"--extension", "/x/planner.extension", "--add", "DueToday:large", "Streak:small",
-              "--picture", "desk.png", "--scheme", "dark", "--mode", "vibrant"});
+    const auto options = read({"--extension", "/x/planner.extension", "--add", "DueToday:large",
+                               "Streak:small", "--picture", "desk.png", "--scheme", "dark",
+                               "--mode", "vibrant", "--system-version", "25.6"});
     const Options expected{
         .keyFile = "/x/planner.extension",
         .additions = {{"DueToday", kit::Family::large}, {"Streak", kit::Family::small}},
         .pictureFile = "desk.png",
         .scheme = SchemeChoice::dark,
-        .renderingMode = kit::RenderingMode::vibrant};
+        .renderingMode = kit::RenderingMode::vibrant,
+        .systemVersion = "25.6"};
     EXPECT_EQ(options, (std::variant<Options, ExitStatus>(expected)));
 }
 
@@ -50,7 +51,8 @@ INSTANTIATE_TEST_SUITE_P(All, WrongOptions,
                          testing::Values(Words{"--add", "DueToday"}, Words{"--add", "A:huge"},
                                          Words{"--add", ":small"}, Words{"--mode", "sepia"},
                                          Words{"--scheme", "grey"}, Words{"--picture"},
-                                         Words{"--wallpaper"}));
+                                         Words{"--wallpaper"}, Words{"--system-version", "new"},
+                                         Words{"--system-version", "26."}));
 
 TEST(Options, HelpEndsWellAndGoesToStandardOutput) {
     testing::internal::CaptureStdout();
