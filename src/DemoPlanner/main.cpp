@@ -15,6 +15,7 @@
 #include "DemoPlanner/SingleInstance.h"
 #include "Shared/PlannerFiles.h"
 #include "System/HomeFolder.h"
+#include "System/Journal.h"
 
 namespace kelmar::demo {
 
@@ -24,18 +25,31 @@ using system::Result;
 
 constexpr int failureStatus = 1;
 
+/// Levels of syslog, as the journal reads them (sd-daemon(3)).
+constexpr std::string_view errorLevel = "<3>";
+constexpr std::string_view warningLevel = "<4>";
+
 /// One line on standard error, whatever a URL has put into it.
-void log(std::string_view line) {
-    std::string text = "kelmar-planner-demo: ";
+void log(std::string_view level, std::string_view line) {
+    std::string text(system::isJournal(STDERR_FILENO) ? level : "");
+    text += "kelmar-planner-demo: ";
     for (const char character : line) {
         text += static_cast<unsigned char>(character) < ' ' ? ' ' : character;
     }
     std::fprintf(stderr, "%s\n", text.c_str());
 }
 
+void logError(std::string_view line) {
+    log(errorLevel, line);
+}
+
+void logWarning(std::string_view line) {
+    log(warningLevel, line);
+}
+
 int report(const Result<std::string>& outcome) {
     if (!outcome) {
-        log(outcome.failure().reason);
+        logError(outcome.failure().reason);
         return failureStatus;
     }
     std::printf("%s\n", outcome->c_str());
@@ -44,7 +58,7 @@ int report(const Result<std::string>& outcome) {
 
 int report(const Result<system::Done>& outcome) {
     if (!outcome) {
-        log(outcome.failure().reason);
+        logError(outcome.failure().reason);
         return failureStatus;
     }
     return 0;
@@ -79,7 +93,7 @@ int run(int& count, char** arguments, const Options& options, PlannerDisk& disk,
     QApplication::setDesktopFileName("kelmar-planner-demo");
     // Once started in the background it stays there when its window is closed.
     QApplication::setQuitOnLastWindowClosed(request.kind == StartRequest::Kind::show);
-    Application planner(disk, log);
+    Application planner(disk, logWarning);
     const auto listening =
         instance.listen([&](const StartRequest& asked) { planner.handle(asked); });
     if (!listening) {
@@ -96,12 +110,12 @@ int start(int& count, char** arguments, const Options& options) {
     }
     Result<PlannerDisk> disk = PlannerDisk::open(folder);
     if (!disk) {
-        log(disk.failure().reason);
+        logError(disk.failure().reason);
         return failureStatus;
     }
     Result<std::unique_ptr<SingleInstance>> instance = SingleInstance::claim(folder);
     if (!instance) {
-        log(instance.failure().reason);
+        logError(instance.failure().reason);
         return failureStatus;
     }
     if (*instance == nullptr) {

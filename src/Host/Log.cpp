@@ -1,22 +1,13 @@
 #include "Host/Log.h"
 
-#include <cstdlib>
 #include <fmt/format.h>
-#include <sys/stat.h>
+
+#include "System/Journal.h"
 
 namespace kelmar::host {
 namespace {
 
 constexpr std::size_t longestLine = 1'000;
-
-/// The variable is inherited by every child, also by one whose output goes elsewhere, so it counts
-/// only when it names the very stream.
-bool isJournal(int descriptor) {
-    const char* const journal = std::getenv("JOURNAL_STREAM");
-    struct stat status {};
-    return journal != nullptr && fstat(descriptor, &status) == 0 &&
-           fmt::format("{}:{}", status.st_dev, status.st_ino) == journal;
-}
 
 bool isControl(char character) {
     const auto byte = static_cast<unsigned char>(character);
@@ -47,7 +38,7 @@ std::string asLogLine(std::string_view text) {
 }
 
 StreamLog StreamLog::onStandardError() {
-    return {stderr, isJournal(fileno(stderr)) ? LevelPrefix::present : LevelPrefix::absent};
+    return {stderr, system::isJournal(fileno(stderr)) ? LevelPrefix::present : LevelPrefix::absent};
 }
 
 void StreamLog::write(LogLevel level, std::string_view line) {

@@ -5,10 +5,14 @@
 #include <string>
 #include <unistd.h>
 
+#include "System/Journal.h"
+
 namespace kelmar::system {
 
 void fatal(std::string_view reason) {
-    std::string line = std::string(program_invocation_short_name) + ": " + std::string(reason);
+    constexpr const char* errorLevel = "<3>";
+    std::string line = isJournal(STDERR_FILENO) ? errorLevel : "";
+    line += std::string(program_invocation_short_name) + ": " + std::string(reason);
     std::replace(line.begin(), line.end(), '\n', ' ');
     line += '\n';
     // One write, so that lines of several processes on one standard error do not mix. There is
