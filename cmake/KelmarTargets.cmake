@@ -34,12 +34,19 @@ function(kelmar_library name)
     target_link_libraries(${name} PUBLIC kelmar_options ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
 endfunction()
 
-# kelmar_program(NAME SOURCES ... [LIBRARIES ...]): a thin main over the layers.
+# kelmar_program(NAME SOURCES ... [LIBRARIES ...] [FOLDER ...] [COMPONENT ...]): a thin main over the
+# layers, installed with the widgets among the programs unless a folder or component is named.
 function(kelmar_program name)
-    cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(arg "" "FOLDER;COMPONENT" "SOURCES;LIBRARIES" ${ARGN})
+    if(NOT arg_FOLDER)
+        set(arg_FOLDER ${CMAKE_INSTALL_BINDIR})
+    endif()
+    if(NOT arg_COMPONENT)
+        set(arg_COMPONENT widgets)
+    endif()
     add_executable(${name} ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE kelmar_options ${arg_LIBRARIES})
-    install(TARGETS ${name} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+    install(TARGETS ${name} RUNTIME DESTINATION ${arg_FOLDER} COMPONENT ${arg_COMPONENT})
 endfunction()
 
 # kelmar_test(NAME SOURCES ... [LIBRARIES ...] [LABELS ...]): a GoogleTest program, its cases known to ctest.

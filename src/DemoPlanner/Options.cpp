@@ -14,6 +14,7 @@ std::variant<Options, int> readOptions(int count, const char* const* arguments) 
     Options options;
     CLI::App app("Stands in for the planner, so that its widgets can be tried without it.",
                  "kelmar-planner-demo");
+    app.set_version_flag("--version", "kelmar-planner-demo " KELMAR_VERSION);
     auto* tasks = app.add_option_group("tasks");
     const auto addTask = [&](const char* name, Options::Task task, const char* help) {
         tasks->add_flag_callback(

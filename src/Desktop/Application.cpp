@@ -1,6 +1,7 @@
 #include "Desktop/Application.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QTimer>
 #include <cstdlib>
 #include <string_view>
@@ -9,6 +10,7 @@
 #include "Desktop/Desktop.h"
 #include "Desktop/DesktopPicture.h"
 #include "Desktop/FirstArrangement.h"
+#include "Desktop/InstalledFiles.h"
 #include "Desktop/Options.h"
 #include "Desktop/Termination.h"
 #include "Desktop/TrayIcon.h"
@@ -41,13 +43,7 @@ void prepareQt(const Options& options) {
     }
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setApplicationName("kelmar-widgets");
-    QApplication::setDesktopFileName("kelmar-widgets");
-}
-
-std::string keyFileOf(const Options& options) {
-    return options.keyFile.empty()
-               ? (QApplication::applicationDirPath() + "/kelmar-planner.extension").toStdString()
-               : options.keyFile;
+    QApplication::setDesktopFileName("com.kelmarplanner.Widgets");
 }
 
 /// Everything that both the desktop and its picture stand on.
@@ -166,6 +162,9 @@ int runDesktop(int argc, char** argv) {
         return exit->status;
     }
     const auto& options = std::get<Options>(read);
+    if (options.onlyIfArranged && !QFile::exists(ArrangementFile::standardPath())) {
+        return 0;
+    }
     prepareQt(options);
     host::StreamLog log = host::StreamLog::onStandardError();
     if (qgetenv("QT_QPA_PLATFORM") == "xcb" && !canReachXServer()) {
@@ -173,7 +172,8 @@ int runDesktop(int argc, char** argv) {
         return failureStatus;
     }
     QApplication application(argc, argv);
-    const auto extensionFile = host::readExtensionFile(keyFileOf(options), system::homeFolder());
+    const auto extensionFile = host::readExtensionFile(
+        options.keyFile.empty() ? installedKeyFile() : options.keyFile, system::homeFolder());
     if (!extensionFile) {
         log.write(host::LogLevel::error, extensionFile.failure().reason);
         return failureStatus;

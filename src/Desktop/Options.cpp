@@ -52,14 +52,18 @@ void declare(CLI::App& command, Options& options) {
             },
             "Widgets to put on the desktop besides those that are there")
         ->type_name("KIND:FAMILY");
+    command.add_flag("--if-arranged", options.onlyIfArranged,
+                     "End at once where no widgets have been put on the desktop before");
     command
         .add_option("--picture", options.pictureFile,
                     "Draw the desktop into a file, without a display, and end")
         ->type_name("FILE.png");
     command.add_option("--scheme", options.scheme, "light or dark, instead of the desktop's own")
         ->type_name("SCHEME")
-        ->transform(CLI::Transformer(std::map<std::string, SchemeChoice>{
-            {"light", SchemeChoice::light}, {"dark", SchemeChoice::dark}}));
+        ->transform(
+            CLI::Transformer(std::map<std::string, SchemeChoice>{{"light", SchemeChoice::light},
+                                                                 {"dark", SchemeChoice::dark}})
+                .description(""));
     command
         .add_option_function<std::string>(
             "--mode",
@@ -79,6 +83,7 @@ void declare(CLI::App& command, Options& options) {
 std::variant<Options, ExitStatus> readOptions(int argc, const char* const* argv) {
     Options options;
     CLI::App command("Keeps widgets on the desktop.", "kelmar-widgets");
+    command.set_version_flag("--version", "kelmar-widgets " KELMAR_VERSION);
     declare(command, options);
     try {
         command.parse(argc, argv);

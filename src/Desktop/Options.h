@@ -24,6 +24,7 @@ enum class SchemeChoice { followDesktop, light, dark };
 struct Options {
     std::string keyFile;  ///< Empty: the one beside the binary.
     std::vector<Addition> additions;
+    bool onlyIfArranged = false;  ///< For starts that nobody asked for, such as at login.
     std::optional<std::string> pictureFile;
     SchemeChoice scheme = SchemeChoice::followDesktop;
     std::optional<kit::RenderingMode> renderingMode;

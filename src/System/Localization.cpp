@@ -66,7 +66,11 @@ std::string GettextLocalization::text(std::string_view englishKey) const {
 std::string catalogueFolder() {
     std::error_code error;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return (program.parent_path().parent_path() / "share/locale").string();
+    // Programs that are not for people lie one folder deeper in an installation.
+    const std::filesystem::path prefix = program.parent_path().parent_path();
+    const std::filesystem::path near = prefix / "share/locale";
+    return (std::filesystem::exists(near, error) ? near : prefix.parent_path() / "share/locale")
+        .string();
 }
 
 }  // namespace kelmar::system

@@ -34,7 +34,8 @@ public:
     [[nodiscard]] std::string text(std::string_view englishKey) const override;
 };
 
-/// Where the catalogues lie for a program of this project: beside its own folder, in share/locale.
+/// Where the catalogues lie for a program of this project: in share/locale beside its own folder or
+/// the folder above.
 [[nodiscard]] std::string catalogueFolder();
 
 }  // namespace kelmar::system

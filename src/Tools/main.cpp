@@ -72,12 +72,13 @@ int main(int argc, char** argv) {
                      "kelmar-widgetctl");
     Options options;
     Command chosen = nullptr;
+    program.set_version_flag("--version", "kelmar-widgetctl " KELMAR_VERSION);
     addCommonOptions(program, options);
     addCommands(program, options, chosen);
     program.require_subcommand(1);
     try {
         program.parse(argc, argv);
-    } catch (const CLI::Success& asked) {  // --help
+    } catch (const CLI::Success& asked) {  // --help, --version
         return program.exit(asked);
     } catch (const CLI::Error& error) {
         std::cerr << "kelmar-widgetctl: " << error.what() << '\n';

@@ -20,11 +20,12 @@ TEST(Options, NothingSaidIsTheUsualDesktop) {
 
 TEST(Options, EverythingSaidIsUnderstood) {
     const auto options = read({"--extension", "/x/planner.extension", "--add", "DueToday:large",
-                               "Streak:small", "--picture", "desk.png", "--scheme", "dark",
-                               "--mode", "vibrant", "--system-version", "25.6"});
+                               "Streak:small", "--if-arranged", "--picture", "desk.png", "--scheme",
+                               "dark", "--mode", "vibrant", "--system-version", "25.6"});
     const Options expected{
         .keyFile = "/x/planner.extension",
         .additions = {{"DueToday", kit::Family::large}, {"Streak", kit::Family::small}},
+        .onlyIfArranged = true,
         .pictureFile = "desk.png",
         .scheme = SchemeChoice::dark,
         .renderingMode = kit::RenderingMode::vibrant,
@@ -58,6 +59,12 @@ TEST(Options, HelpEndsWellAndGoesToStandardOutput) {
     testing::internal::CaptureStdout();
     EXPECT_EQ(read({"--help"}), (std::variant<Options, ExitStatus>(ExitStatus{0})));
     EXPECT_NE(testing::internal::GetCapturedStdout().find("--picture"), std::string::npos);
+}
+
+TEST(Options, VersionEndsWellAndNamesTheProgram) {
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(read({"--version"}), (std::variant<Options, ExitStatus>(ExitStatus{0})));
+    EXPECT_TRUE(testing::internal::GetCapturedStdout().starts_with("kelmar-widgets "));
 }
 
 }  // namespace

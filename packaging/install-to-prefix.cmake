@@ -1,0 +1,13 @@
+# Run while installing: the files whose place or content depends on the prefix.
+
+configure_file("${source}/${appId}.service.in" "${binary}/${appId}.service" @ONLY)
+file(INSTALL "${binary}/${appId}.service" DESTINATION "${datadir}/dbus-1/services")
+
+# Sessions look for autostart entries in /etc/xdg (XDG Base Directory Specification), which belongs
+# to /usr; other prefixes have an etc of their own.
+set(configuration "${CMAKE_INSTALL_PREFIX}/etc")
+if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+    set(configuration "/etc")
+endif()
+file(INSTALL "${source}/${appId}.autostart" DESTINATION "${configuration}/xdg/autostart"
+    RENAME "${appId}.desktop")
