@@ -59,6 +59,18 @@ struct Ground {
                                       : layout::Direction::leftToRight;
 };
 
+/// What the desktop lacks and a person would miss; the parts that use the bus speak for themselves.
+void tellWhatIsMissing(const Compositor& compositor, host::Log& log) {
+    if (!hasWindowManager()) {
+        log.write(host::LogLevel::notice,
+                  "There is no window manager: nothing keeps the widgets below other windows.");
+    }
+    if (!compositor.isRunning()) {
+        log.write(host::LogLevel::notice,
+                  "There is no compositor: the widgets' corners are cut out instead of blended.");
+    }
+}
+
 int showDesktop(Ground& ground, const Options& options, host::Log& log) {
     const system::GettextLocalization texts("", system::catalogueFolder());
     // For the menus: Qt would only know from translations of its own, which it has not got here.
@@ -67,10 +79,7 @@ int showDesktop(Ground& ground, const Options& options, host::Log& log) {
     ArrangementFile arrangementFile(ArrangementFile::standardPath(), log);
     const PortalSettings settings(log);
     const Compositor compositor;
-    if (!compositor.isRunning()) {
-        log.write(host::LogLevel::notice,
-                  "There is no compositor: the widgets' corners are cut out instead of blended.");
-    }
+    tellWhatIsMissing(compositor, log);
     installWidgetAccessibility();
     Look look(settings, options.scheme);
     Desktop desktop({.host = ground.host,

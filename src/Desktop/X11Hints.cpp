@@ -31,6 +31,18 @@ void applyDesktopHints(QWindow& window) {
     xcb_flush(x);
 }
 
+bool hasWindowManager() {
+    xcb_connection_t* x = x11::connection();
+    if (x == nullptr) {
+        return true;
+    }
+    const auto property = x11::atoms<1>(x, {"_NET_SUPPORTING_WM_CHECK"})[0];
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(x)).data->root;
+    const x11::ReplyPointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+        x, xcb_get_property(x, 0, root, property, XCB_ATOM_WINDOW, 0, 1), nullptr));
+    return reply && reply->type == XCB_ATOM_WINDOW;
+}
+
 bool canReachXServer() {
     xcb_connection_t* x = xcb_connect(nullptr, nullptr);
     const bool isReachable = xcb_connection_has_error(x) == 0;

@@ -9,6 +9,10 @@ namespace kelmar::desktop {
 /// called before every show, because hiding a window drops its states. Does nothing off X11.
 void applyDesktopHints(QWindow& window);
 
+/// Whether a window manager runs that understands those hints. True off X11, where there is no
+/// desktop without one.
+[[nodiscard]] bool hasWindowManager();
+
 /// Whether an X server answers. Qt would end the process with a core dump where none does.
 [[nodiscard]] bool canReachXServer();
 

@@ -1,0 +1,147 @@
+"""Sessions that lack what most have: the widgets say in one line each what a person loses, and go on."""
+
+import os
+import subprocess
+import unittest
+
+from picture import Picture
+from probe import BUTTON, LINK, Probe
+from processes import wait_until
+from session import Session, binary, make_program
+
+NO_BUS = "There is no session bus: "
+NO_COMPOSITOR = "There is no compositor: "
+NO_PORTAL = "There is no settings portal: "
+# Qt's own words.
+NO_RUNTIME_FOLDER = "QStandardPaths: XDG_RUNTIME_DIR not set"
+NO_TRAY = "There is no system tray: "
+NO_WINDOW_MANAGER = "There is no window manager: "
+NOT_SAVED = "The arrangement could not be saved in /dev/null/"
+
+# Starts a program with its standard error declared to be the journal.
+TO_THE_JOURNAL = """#!/bin/sh
+JOURNAL_STREAM=$(stat -L -c %d:%i /proc/self/fd/2)
+export JOURNAL_STREAM
+exec "$@"
+"""
+
+FONT_CONFIGURATION = """<?xml version="1.0"?>
+<!DOCTYPE fontconfig SYSTEM "fonts.dtd">
+<fontconfig><dir>{folder}</dir><cachedir>{folder}/cache</cachedir></fontconfig>
+"""
+
+
+class BareSessionTest(unittest.TestCase):
+    def setUp(self):
+        self.session = Session()
+        self.addCleanup(self.session.end)
+
+    def start(self, without=(), **variables):
+        """A session and the probe's widget in it; a variable that is None is unset."""
+        self.session.start(without)
+        self.session.register_recording_planner("probe")
+        for name, value in variables.items():
+            if value is None:
+                self.session.environment.pop(name)
+            else:
+                self.session.environment[name] = value
+        self.probe = Probe(self.session)
+        self.process = self.probe.start_widgets()
+
+    def assert_works(self):
+        """Content comes, actions run, links open, and it ends as it should."""
+        wait_until(lambda: self.probe.background() == (0, 0, 255), "the content")
+        self.probe.click(BUTTON)
+        wait_until(lambda: self.session.opened_urls() == ["probe://performed/Press"],
+                   "the action and its address")
+        self.probe.click(LINK)
+        wait_until(lambda: self.session.opened_urls()[1:] == ["probe://linked"], "the link")
+
+    def assert_says(self, *beginnings):
+        """These lines and no others, in any order; what fails again may be said again."""
+        def said():
+            return set(self.session.processes.log_of("kelmar-widgets").splitlines())
+
+        wait_until(lambda: len(said()) >= len(beginnings), f"{beginnings} after {said()}")
+        self.assertEqual(self.session.processes.end(self.process), 0)
+        lines = said()
+        self.assertEqual(len(lines), len(beginnings), lines)
+        for beginning in beginnings:
+            self.assertEqual(sum(line.startswith(beginning) for line in lines), 1,
+                             (beginning, lines))
+
+    def test_without_compositor_portal_and_tray(self):
+        self.start()
+        self.assert_works()
+        self.assert_says(NO_COMPOSITOR, NO_PORTAL, NO_TRAY)
+
+    def test_without_session_bus(self):
+        self.start(without={"bus"})
+        self.assert_works()
+        self.assert_says(NO_COMPOSITOR, NO_BUS, NO_TRAY)
+
+    def test_with_the_address_of_a_bus_that_is_gone(self):
+        self.start(without={"bus"}, DBUS_SESSION_BUS_ADDRESS="unix:path=/nonexistent/bus")
+        self.assert_works()
+        self.assert_says(NO_COMPOSITOR, NO_BUS, NO_TRAY)
+
+    def test_without_window_manager(self):
+        self.start(without={"window manager"})
+        self.assert_works()
+        self.assert_says(NO_COMPOSITOR, NO_PORTAL, NO_TRAY, NO_WINDOW_MANAGER)
+
+    def test_without_anything_but_a_display(self):
+        self.start(without={"bus", "window manager"}, XDG_RUNTIME_DIR=None)
+        self.assert_works()
+        self.assert_says(NO_COMPOSITOR, NO_BUS, NO_RUNTIME_FOLDER, NO_TRAY, NO_WINDOW_MANAGER)
+
+    def test_where_nothing_can_be_written(self):
+        # Not even root can make folders in there. The planner stays where links find it.
+        self.start(XDG_CONFIG_HOME="/dev/null/config", XDG_CACHE_HOME="/dev/null/cache",
+                   HOME="/dev/null/home", XDG_CONFIG_DIRS=self.session.path_in_home(".config"))
+        self.assert_works()
+        self.assert_says(NO_COMPOSITOR, NO_PORTAL, NO_TRAY, NOT_SAVED)
+
+    def test_with_a_single_font_texts_are_still_drawn(self):
+        self.start(FONTCONFIG_FILE=self.single_font())
+        self.assert_works()
+        self.assert_says(NO_COMPOSITOR, NO_PORTAL, NO_TRAY)
+        # The widget's sentence is set in the font that is there: it looks as it always does.
+        single = self.sentence()
+        del self.session.environment["FONTCONFIG_FILE"]
+        self.assertGreater(single.count((255, 255, 255), tolerance=16), 0)
+        self.assertEqual(single.differing_pixels(self.sentence(), tolerance=16), 0)
+
+    def test_journal_is_given_the_level_of_every_line(self):
+        launcher = os.path.join(self.session.folder, "to-the-journal")
+        make_program(launcher, TO_THE_JOURNAL)
+        self.session.start()
+        del self.session.environment["DISPLAY"]
+        self.process = self.session.processes.start(
+            "kelmar-widgets", [launcher, binary("kelmar-widgets")], self.session.environment)
+        self.assertEqual(self.process.wait(30), 1)
+        self.assertEqual(self.session.processes.log_of("kelmar-widgets"),
+                         "<3>There is no X display to put widgets on.\n")
+
+    def sentence(self):
+        """That of a widget without a planner."""
+        path = os.path.join(self.session.folder, "widget.png")
+        subprocess.run([binary("kelmar-widgetctl"), "render", "Streak", "--family", "medium",
+                        "--home", self.session.home, "-o", path], check=True,
+                       env={**self.session.environment, "QT_QPA_PLATFORM": "offscreen"})
+        return Picture.of_file(path).part(20, 92, 324, 20)
+
+    def single_font(self):
+        found = subprocess.run(["fc-match", "--format", "%{file}", "Inter"], check=True,
+                               stdout=subprocess.PIPE, text=True).stdout
+        folder = os.path.join(self.session.folder, "fonts")
+        os.mkdir(folder)
+        os.symlink(found, os.path.join(folder, os.path.basename(found)))
+        path = os.path.join(self.session.folder, "single-font.conf")
+        with open(path, "w", encoding="utf-8") as file:
+            file.write(FONT_CONFIGURATION.format(folder=folder))
+        return path
+
+
+if __name__ == "__main__":
+    unittest.main()
