@@ -72,6 +72,7 @@ class Session:
         self.home = self._make_folder("home")
         self.processes = Processes(self._make_folder("logs"))
         self.environment = {}
+        self.x_server_options = []
 
     def start(self, without=()):
         """`without` names what this session lacks: "bus", "window manager"."""
@@ -253,7 +254,7 @@ class Session:
         size = "%dx%dx24" % SCREEN_SIZE
         server = self.processes.start(
             "xvfb", ["Xvfb", "-displayfd", "1", "-screen", "0", size, "-nolisten", "tcp",
-                     "-noreset"],
+                     "-noreset", *self.x_server_options],
             {"PATH": os.environ["PATH"]}, stdout=subprocess.PIPE)
         number = server.stdout.readline().decode().strip()
         if not number:

@@ -1,0 +1,266 @@
+#!/usr/bin/env python3
+"""The whole program on a desktop, beside a bare Qt program with four plain windows and beside four
+windows of conky, all in one run: start, memory, wakeups, and from a press to the new picture.
+
+Usage: desktop_bench.py BUILD_FOLDER [SECONDS]; SECONDS is how long wakeups are counted, 60 if absent.
+"""
+
+import mmap
+import os
+import statistics
+import subprocess
+import sys
+import time
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+BUILD = os.path.abspath(sys.argv[1])
+SECONDS = float(sys.argv[2]) if len(sys.argv) > 2 else 60.0
+os.environ["KELMAR_BIN"] = os.path.join(BUILD, "bin")
+sys.path.insert(0, os.path.join(HERE, "..", "tests", "EndToEnd"))
+
+from planner import TICKED, PlannerFolder, item, snapshot  # noqa: E402
+from processes import children_of, context_switches, wait_until  # noqa: E402
+from session import Session, binary  # noqa: E402
+
+STARTS = 15
+PRESSES = 40
+
+# Colours that nothing else on the screen has, one for each widget.
+DUE_COLOR = "#d0104f"
+BLOCK_COLOR = "#12a0c8"
+TIMER_COLOR = "#7a1fd0"
+PLAIN_COLORS = ["#d01050", "#12a0c9", "#7a1fd1", "#ff9502"]
+
+CONKY_CONFIGURATION = """
+conky.config = {{
+    alignment = 'top_left', gap_x = {x}, gap_y = {y},
+    minimum_width = 364, minimum_height = 170, maximum_width = 364,
+    own_window = true, own_window_type = 'desktop', own_window_argb_visual = false,
+    own_window_transparent = false, own_window_colour = '{color}',
+    own_window_hints = 'undecorated,below,sticky,skip_taskbar,skip_pager',
+    double_buffer = true, update_interval = {interval}, use_xft = true, font = 'Inter:size=12',
+}}
+conky.text = [[{text}]]
+"""
+CONKY_TEXTS = ["Due Today\n2 due\nChapter 3 questions\nLab report", "Schedule\nAP Biology\nHistory",
+               "Study Timer\n{clock}\nBiology", "Streak\n12 days"]
+
+
+class Framebuffer:
+    """The screen's pixels as the X server keeps them, so that looking costs the server nothing."""
+
+    def __init__(self, folder):
+        file = open(os.path.join(folder, "Xvfb_screen0"), "rb")
+        with file:
+            self._memory = mmap.mmap(file.fileno(), 0, access=mmap.ACCESS_READ)
+
+    def shows(self, color):
+        blue, green, red = int(color[5:7], 16), int(color[3:5], 16), int(color[1:3], 16)
+        return self._memory.find(bytes([blue, green, red])) >= 0
+
+    def part(self, x, y, width, height, screen_width):
+        start = len(self._memory) - screen_width * 800 * 4
+        return b"".join(self._memory[start + 4 * (row * screen_width + x):
+                                     start + 4 * (row * screen_width + x + width)]
+                        for row in range(y, y + height))
+
+
+def start_session():
+    session = Session()
+    framebuffer_folder = os.path.join(session.folder, "framebuffer")
+    os.mkdir(framebuffer_folder)
+    session.x_server_options = ["-fbdir", framebuffer_folder]
+    session.start()
+    return session, Framebuffer(framebuffer_folder)
+
+
+def publish(planner, running):
+    """Something to show in every widget, in its own colour."""
+    now = time.time()
+    block = {"kind": "period", "start": now - 600, "end": now + 7200, "title": "AP Biology",
+             "color": BLOCK_COLOR, "done": False, "assignmentId": ""}
+    timer = {"state": "running" if running else "ready", "ringing": False, "total": 7200,
+             "secsLeft": 7000, "isBreak": False, "className": "Biology",
+             "classColor": TIMER_COLOR, "sessionTitle": "", "presets": [25, 50, 15],
+             **({"endAt": now + 7000} if running else {})}
+    data = snapshot(today=[item(f"item-{number}", f"Chapter {number} questions", DUE_COLOR)
+                           for number in range(2)])
+    data.update(schedule=[{"day": now, "labels": [], "blocks": [block]}], timer=timer,
+                streak={"count": 12, "best": 21, "lastDate": time.strftime("%Y-%m-%d"), "hist": {},
+                        "freezeNext": ""})
+    planner.publish(data)
+
+
+class Host:
+    name = "kelmar-widgets"
+    colors = [DUE_COLOR, BLOCK_COLOR, TIMER_COLOR]
+
+    @staticmethod
+    def start(session, interval=None, text=None):
+        del interval, text
+        return [session.processes.start("kelmar-widgets", [binary("kelmar-widgets")],
+                                        session.environment)]
+
+
+class Bare:
+    name = "bare Qt program"
+    colors = PLAIN_COLORS
+
+    @staticmethod
+    def start(session, interval=None, text=None):
+        del interval, text
+        return [session.processes.start(
+            "bare", [os.path.join(BUILD, "bench", "bare_desktop"), *PLAIN_COLORS],
+            session.environment)]
+
+
+class Conky:
+    name = "conky, four windows"
+    colors = PLAIN_COLORS
+
+    @staticmethod
+    def start(session, interval=3600, text="25:00"):
+        processes = []
+        for number, color in enumerate(PLAIN_COLORS):
+            path = session.path_in_home(f"conky-{number}")
+            with open(path, "w", encoding="utf-8") as file:
+                file.write(CONKY_CONFIGURATION.format(
+                    x=20 + number % 2 * 384, y=20 + number // 2 * 190, color=color[1:],
+                    interval=interval,
+                    text=CONKY_TEXTS[number].replace("{clock}", text)))
+            processes.append(session.processes.start(f"conky-{number}", ["conky", "-c", path],
+                                                     session.environment))
+        return processes
+
+
+def end(session, processes):
+    for process in processes:
+        session.processes.end(process)
+
+
+def forget_arrangement(session):
+    """So that every start is the first one, with one widget of every kind."""
+    path = session.path_in_home(".config", "kelmar-widgets", "arrangement.json")
+    if os.path.exists(path):
+        os.remove(path)
+
+
+def wait_for_colors(screen, colors, seconds=20.0):
+    deadline = time.perf_counter() + seconds
+    while not all(screen.shows(color) for color in colors):
+        if time.perf_counter() > deadline:
+            raise AssertionError(f"not on the screen: {[c for c in colors if not screen.shows(c)]}")
+        time.sleep(0.0005)
+
+
+def wait_for_no_colors(screen, colors):
+    wait_until(lambda: not any(screen.shows(color) for color in colors), "a bare screen")
+
+
+def start_time(session, screen, program):
+    """Milliseconds from the start of the programs until every window has been painted."""
+    forget_arrangement(session)
+    wait_for_no_colors(screen, program.colors)
+    before = time.perf_counter()
+    processes = program.start(session)
+    wait_for_colors(screen, program.colors)
+    taken = 1000 * (time.perf_counter() - before)
+    end(session, processes)
+    return taken
+
+
+def memory(processes):
+    """Kilobytes resident, proportional and private, of all processes together."""
+    sums = {"Rss": 0, "Pss": 0, "Private": 0}
+    for process in processes:
+        with open(f"/proc/{process.pid}/smaps_rollup", encoding="ascii") as file:
+            for line in file:
+                key = line.split(":")[0].split("_")[0]
+                if key in sums and line.split(":")[0] in ("Rss", "Pss", "Private_Clean",
+                                                          "Private_Dirty"):
+                    sums[key] += int(line.split()[1])
+    return sums
+
+
+def wakeups(processes):
+    before = sum(context_switches(process.pid) for process in processes)
+    time.sleep(SECONDS)
+    return sum(context_switches(process.pid) for process in processes) - before
+
+
+def wait_until_idle(processes):
+    """The extension goes after two idle seconds; what its going leaves behind passes as well."""
+    wait_until(lambda: not any(children_of(process.pid) for process in processes), "idleness", 30)
+    time.sleep(3)
+
+
+def percentile(values, share):
+    return sorted(values)[min(len(values) - 1, int(share * len(values)))]
+
+
+def row(name, *figures):
+    print(f"  {name:<34}" + "".join(f"{figure:>16}" for figure in figures), flush=True)
+
+
+def measure_start(session, screen):
+    print(f"Start to four painted windows, median of {STARTS}, ms")
+    times = {Host: [], Bare: [], Conky: []}
+    for _ in range(STARTS):
+        for program, taken in times.items():
+            taken.append(start_time(session, screen, program))
+    bare = statistics.median(times[Bare])
+    for program, taken in times.items():
+        median = statistics.median(taken)
+        row(program.name, f"{median:.0f}", f"{median / bare:.2f} x bare")
+
+
+def measure_memory(session, screen):
+    print("Memory at rest, MB: resident, proportional, private")
+    bare = None
+    for program in (Bare, Host, Conky):
+        forget_arrangement(session)
+        processes = program.start(session)
+        wait_for_colors(screen, program.colors)
+        wait_until_idle(processes)
+        sums = memory(processes)
+        bare = bare or sums
+        row(program.name, *(f"{sums[key] / 1024:.1f} ({sums[key] / bare[key]:.2f} x)"
+                            for key in sums))
+        end(session, processes)
+        wait_for_no_colors(screen, program.colors)
+
+
+def measure_wakeups(session, screen, planner):
+    print(f"Wakeups in {SECONDS:.0f} s")
+    for name, running in (("kelmar-widgets, nothing running", False),
+                          ("kelmar-widgets, a countdown", True)):
+        publish(planner, running)
+        forget_arrangement(session)
+        processes = Host.start(session)
+        wait_for_colors(screen, Host.colors)
+        wait_until_idle(processes)
+        row(name, wakeups(processes))
+        end(session, processes)
+        wait_for_no_colors(screen, Host.colors)
+    processes = Conky.start(session, interval=1, text="${time %M:%S}")
+    wait_for_colors(screen, Conky.colors)
+    time.sleep(3)
+    row("conky, the same texts once a second", wakeups(processes))
+    end(session, processes)
+
+
+def main():
+    session, screen = start_session()
+    try:
+        planner = PlannerFolder(session)
+        session.register_recording_planner()
+        publish(planner, running=False)
+        measure_start(session, screen)
+        measure_memory(session, screen)
+        measure_wakeups(session, screen, planner)
+    finally:
+        session.end()
+
+
+if __name__ == "__main__":
+    main()
