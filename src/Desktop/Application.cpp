@@ -54,9 +54,8 @@ struct Ground {
     system::SystemClock clock;
     host::GioUrlOpener urlOpener{makeActivationToken};
     host::WidgetHost host;
-    layout::Direction direction = system::LocaleTexts("", "").isRightToLeft()
-                                      ? layout::Direction::rightToLeft
-                                      : layout::Direction::leftToRight;
+    layout::Direction direction =
+        system::isRightToLeft("") ? layout::Direction::rightToLeft : layout::Direction::leftToRight;
 };
 
 /// What the desktop lacks and a person would miss; the parts that use the bus speak for themselves.

@@ -50,7 +50,7 @@ WidgetWindow::WidgetWindow(kit::Family family, const system::Clock& clock)
     updateMask();
     liveTimer_.setSingleShot(true);
     liveTimer_.setTimerType(Qt::PreciseTimer);
-    connect(&liveTimer_, &QTimer::timeout, this, &WidgetWindow::redraw);
+    connect(&liveTimer_, &QTimer::timeout, this, &WidgetWindow::redrawLiveAreas);
 }
 
 void WidgetWindow::setName(const QString& name) {
@@ -62,12 +62,12 @@ void WidgetWindow::setFamily(kit::Family family) {
     family_ = family;
     setFixedSize(windowSize(family));
     updateMask();
-    redraw();
+    update();
 }
 
 void WidgetWindow::setAppearance(const paint::Appearance& appearance) {
     style_.appearance = appearance;
-    redraw();
+    update();
 }
 
 void WidgetWindow::setCorners(Corners corners) {
@@ -84,7 +84,7 @@ void WidgetWindow::setCorners(Corners corners) {
     setAttribute(Qt::WA_TranslucentBackground, corners == Corners::transparent);
     setAttribute(Qt::WA_NoSystemBackground);
     updateMask();
-    redraw();
+    update();
     setVisible(wasVisible);
 }
 
@@ -98,7 +98,7 @@ void WidgetWindow::setContent(const kit::DrawnEntry& entry, paint::Redaction red
     if (underMouse() && gesture_.kind() != PressGesture::Kind::drag) {
         updateCursor(targetAtPointer(mapFromGlobal(QCursor::pos())));
     }
-    redraw();
+    update();
 }
 
 const layout::PlacedBoxes& WidgetWindow::boxes() const {
@@ -110,20 +110,27 @@ void WidgetWindow::run(const layout::Action& action) {
     emit actionRequested(action);
 }
 
-void WidgetWindow::paintEvent(QPaintEvent* /*event*/) {
+void WidgetWindow::paintEvent(QPaintEvent* event) {
     if (!picture_) {
         return;
     }
-    if (image_.isNull() || style_.scale != devicePixelRatioF()) {
-        style_.scale = devicePixelRatioF();
-        image_ = picture_->image(style_, clock_.now());
-        if (corners_ == Corners::cutOut) {
-            image_ = opaqueCard(image_);
-        }
-        scheduleLiveChange();
-    }
     QPainter painter(this);
-    painter.drawImage(QPointF(), image_);
+    for (const QRect& part : event->region()) {
+        drawPart(painter, part);
+    }
+    scheduleLiveChange();
+}
+
+void WidgetWindow::drawPart(QPainter& painter, const QRect& part) {
+    const double scale = devicePixelRatioF();
+    style_.scale = scale;
+    const QRect whole(QPoint(), picture_->pixelSize(scale));
+    const QRect pixels =
+        QRectF(QPointF(part.topLeft()) * scale, QSizeF(part.size()) * scale).toAlignedRect() &
+        whole;
+    const QImage image = picture_->image(style_, clock_.now(), pixels);
+    painter.drawImage(QPointF(pixels.topLeft()) / scale,
+                      corners_ == Corners::cutOut ? opaqueCard(image) : image);
 }
 
 void WidgetWindow::showEvent(QShowEvent* event) {
@@ -202,9 +209,10 @@ void WidgetWindow::updateCursor(const std::optional<PressTarget>& target) {
     setCursor(target ? Qt::PointingHandCursor : Qt::ArrowCursor);
 }
 
-void WidgetWindow::redraw() {
-    image_ = QImage();
-    update();
+void WidgetWindow::redrawLiveAreas() {
+    for (const layout::Rect& area : picture_->liveAreas()) {
+        update(QRectF(area.x, area.y, area.width, area.height).toAlignedRect());
+    }
 }
 
 void WidgetWindow::updateMask() {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QImage>
 #include <QTimer>
 #include <QWidget>
 #include <memory>
@@ -62,7 +61,8 @@ private:
     [[nodiscard]] std::optional<PressTarget> targetAtPointer(QPointF position) const;
     void drag(QPoint pointer);
     void updateCursor(const std::optional<PressTarget>& target);
-    void redraw();
+    void drawPart(QPainter& painter, const QRect& part);
+    void redrawLiveAreas();
     void updateMask();
     void scheduleLiveChange();
 
@@ -72,7 +72,6 @@ private:
     Corners corners_ = Corners::cutOut;
     std::optional<paint::WidgetPicture> picture_;
     std::optional<std::string> widgetUrl_;
-    QImage image_;  ///< The picture in pixels; null when it has to be drawn anew.
     PressGesture gesture_;
     QPoint grip_;  ///< From the window's top left corner to where the pointer holds it.
     std::unique_ptr<WindowVisibility> visibility_;

@@ -162,8 +162,12 @@ void drawAll(QPainter& painter, const layout::PlacedBoxes& boxes, const PaintCon
 
 }  // namespace
 
+bool haveCutOut(const layout::PlacedBoxes& boxes) {
+    return std::ranges::any_of(boxes, isCutOut);
+}
+
 void paintBoxes(QPainter& painter, const layout::PlacedBoxes& boxes, const PaintContext& context) {
-    if (std::ranges::any_of(boxes, isCutOut)) {
+    if (haveCutOut(boxes)) {
         // Cutting out must not reach what was there before.
         const QRect everything(0, 0, painter.device()->width(), painter.device()->height());
         drawOnLayer(painter, everything, [&](QPainter& layer) { drawAll(layer, boxes, context); });

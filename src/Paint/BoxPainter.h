@@ -18,6 +18,9 @@ struct PaintContext {
     system::Date now{};  ///< For countdowns and bars that empty by themselves.
 };
 
+/// Whether a symbol is cut out of the boxes, and all of them are therefore drawn on a layer first.
+[[nodiscard]] bool haveCutOut(const layout::PlacedBoxes& boxes);
+
 /// Draws placed boxes, back to front. The painter's units must be device pixels (no scaling, a
 /// device pixel ratio of 1): only so do edges land on whole pixels. What a `clear` symbol cuts out
 /// shows what the painter had there before the call.

@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFile>
 #include <QPainter>
-#include <QRegularExpression>
 #include <QSvgRenderer>
 #include <algorithm>
 
@@ -50,18 +49,19 @@ QByteArray contentOf(const QString& name) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QString withStrokes(const QString& svg, double factor) {
-    static const QRegularExpression width(QStringLiteral("stroke-width=\"([0-9.]+)\""));
-    QString result;
+/// A symbol's file with every width of a line multiplied.
+QByteArray withStrokes(const QByteArray& svg, double factor) {
+    static const QByteArray attribute = "stroke-width=\"";
+    QByteArray result;
     qsizetype copied = 0;
-    for (auto match = width.globalMatch(svg); match.hasNext();) {
-        const QRegularExpressionMatch found = match.next();
-        result += QStringView(svg).mid(copied, found.capturedStart(1) - copied);
-        result += QString::number(found.captured(1).toDouble() * factor);
-        copied = found.capturedEnd(1);
+    for (qsizetype at = svg.indexOf(attribute); at >= 0; at = svg.indexOf(attribute, copied)) {
+        const qsizetype start = at + attribute.size();
+        const qsizetype end = svg.indexOf('"', start);
+        result += svg.mid(copied, start - copied);
+        result += QByteArray::number(svg.mid(start, end - start).toDouble() * factor);
+        copied = end;
     }
-    result += QStringView(svg).mid(copied);
-    return result;
+    return result + svg.mid(copied);
 }
 
 /// Turns a picture in black and white into one in a colour, covering where there was black.
@@ -85,9 +85,7 @@ QImage rendered(const QString& name, const SymbolRequest& request) {
     QImage picture(request.side + (halfX ? 1 : 0), request.side + (halfY ? 1 : 0),
                    QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
-    const QString svg =
-        withStrokes(QString::fromUtf8(contentOf(name)), strokeFactor(request.weight));
-    QSvgRenderer renderer(svg.toUtf8());
+    QSvgRenderer renderer(withStrokes(contentOf(name), strokeFactor(request.weight)));
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     renderer.render(&painter, QRectF(halfX ? 0.5 : 0, halfY ? 0.5 : 0, request.side, request.side));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <variant>
 
 #include "Kit/Metrics.h"
@@ -27,6 +28,18 @@ bool changesWithTime(const layout::PlacedBox& box) {
     return std::holds_alternative<layout::CountdownDrawing>(box.drawing);
 }
 
+/// Letters and the ends of lines reach a little beyond their boxes.
+constexpr double overhang = 8;
+
+layout::Rect withOverhang(const layout::Rect& rect) {
+    return {rect.x - overhang, rect.y - overhang, rect.width + 2 * overhang,
+            rect.height + 2 * overhang};
+}
+
+bool meet(const layout::Rect& a, const layout::Rect& b) {
+    return a.x < b.right() && b.x < a.right() && a.y < b.bottom() && b.y < a.bottom();
+}
+
 }  // namespace
 
 WidgetPicture::WidgetPicture(const kit::DrawnEntry& entry, kit::Family family,
@@ -46,18 +59,55 @@ QSize WidgetPicture::pixelSize(double scale) const {
     return {pixels(size_.width), pixels(size_.height)};
 }
 
-bool WidgetPicture::isLive() const {
-    return std::ranges::any_of(boxes_, changesWithTime);
+std::vector<layout::Rect> WidgetPicture::liveAreas() const {
+    std::vector<layout::Rect> areas;
+    for (const layout::PlacedBox& box : boxes_) {
+        if (changesWithTime(box)) {
+            areas.push_back(withOverhang(box.rect));
+        }
+    }
+    return areas;
 }
 
 QImage WidgetPicture::image(const PaintStyle& style, system::Date now) const {
-    QImage picture(pixelSize(style.scale), QImage::Format_ARGB32_Premultiplied);
+    return image(style, now, QRect(QPoint(), pixelSize(style.scale)));
+}
+
+QImage WidgetPicture::image(const PaintStyle& style, system::Date now, const QRect& part) const {
+    const double scale = style.scale;
+    const layout::PlacedBoxes boxes =
+        boxesIn({part.x() / scale, part.y() / scale, part.width() / scale, part.height() / scale});
+    // Everything that reaches into the part is drawn whole: Qt gives letters that it has to clip
+    // another contrast.
+    QRect drawn = part;
+    for (const layout::PlacedBox& box : boxes) {
+        drawn |= PixelGrid(scale).exact(withOverhang(box.rect)).toAlignedRect();
+    }
+    drawn &= QRect(QPoint(), pixelSize(scale));
+    QImage picture(drawn.size(), QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
-    paint(painter, style, now);
+    painter.translate(-drawn.topLeft());
+    paintCard(painter, style);
+    paintBoxes(painter, boxes, {resources_, style, direction_, now});
     painter.end();
-    picture.setDevicePixelRatio(style.scale);
+    if (drawn != part) {
+        picture = picture.copy(part.translated(-drawn.topLeft()));
+    }
+    picture.setDevicePixelRatio(scale);
     return picture;
+}
+
+layout::PlacedBoxes WidgetPicture::boxesIn(const layout::Rect& area) const {
+    // A layer blends a little differently, so what is cut out somewhere decides for every part.
+    if (haveCutOut(boxes_)) {
+        return boxes_;
+    }
+    layout::PlacedBoxes boxes;
+    std::ranges::copy_if(boxes_, std::back_inserter(boxes), [&](const layout::PlacedBox& box) {
+        return meet(withOverhang(box.rect), area);
+    });
+    return boxes;
 }
 
 void WidgetPicture::paint(QPainter& painter, const PaintStyle& style, system::Date now) const {

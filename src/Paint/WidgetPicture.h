@@ -2,7 +2,9 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QRect>
 #include <QSize>
+#include <vector>
 
 #include "Kit/Environment.h"
 #include "Kit/Timeline.h"
@@ -34,16 +36,21 @@ public:
     /// In device pixels; a fraction of a pixel counts as one.
     [[nodiscard]] QSize pixelSize(double scale) const;
 
-    /// Whether the picture changes with time: it has a countdown or a bar that empties by itself.
-    [[nodiscard]] bool isLive() const;
+    /// Where the picture changes with time, in points: around its countdowns and the bars that
+    /// empty by themselves.
+    [[nodiscard]] std::vector<layout::Rect> liveAreas() const;
 
     /// Transparent outside the card. Its device pixel ratio is the scale.
     [[nodiscard]] QImage image(const PaintStyle& style, system::Date now) const;
+    /// One part of it, in device pixels, the same to the pixel.
+    [[nodiscard]] QImage image(const PaintStyle& style, system::Date now, const QRect& part) const;
 
     /// Draws the card and the content from the painter's origin, in device pixels (see paintBoxes).
     void paint(QPainter& painter, const PaintStyle& style, system::Date now) const;
 
 private:
+    /// Those of the boxes that may reach into an area, which is in points.
+    [[nodiscard]] layout::PlacedBoxes boxesIn(const layout::Rect& area) const;
     void paintCard(QPainter& painter, const PaintStyle& style) const;
 
     kit::Size size_;

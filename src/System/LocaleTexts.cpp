@@ -97,8 +97,8 @@ std::string LocaleTexts::shortWeekdayMonthAndDay(Date date) const {
     return formats_->text(formats_->shortWeekdayMonthAndDay, "EEEMMMd", date);
 }
 
-bool LocaleTexts::isRightToLeft() const {
-    return formats_->locale.isRightToLeft() != 0;
+bool isRightToLeft(const std::string& localeId) {
+    return makeLocale(localeId).isRightToLeft() != 0;
 }
 
 }  // namespace kelmar::system

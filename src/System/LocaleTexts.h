@@ -25,11 +25,14 @@ public:
     [[nodiscard]] std::string monthAndDay(Date date) const;              ///< "Oct 9"
     [[nodiscard]] std::string weekdayMonthAndDay(Date date) const;       ///< "Thursday, Oct 9"
     [[nodiscard]] std::string shortWeekdayMonthAndDay(Date date) const;  ///< "Thu, Oct 9"
-    [[nodiscard]] bool isRightToLeft() const;
 
 private:
     struct Formats;
     std::unique_ptr<Formats> formats_;
 };
+
+/// Whether a locale's language is written from right to left; the empty text means the
+/// environment's own. Costs next to nothing, which the formats of a whole locale do not.
+[[nodiscard]] bool isRightToLeft(const std::string& localeId);
 
 }  // namespace kelmar::system

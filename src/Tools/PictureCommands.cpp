@@ -4,6 +4,7 @@
 
 #include "Kit/Metrics.h"
 #include "Paint/WidgetPicture.h"
+#include "System/LocaleTexts.h"
 #include "Tools/Commands.h"
 #include "Tools/GallerySheet.h"
 
@@ -43,9 +44,9 @@ int save(const QImage& picture, const std::string& path) {
     return 0;
 }
 
-layout::Direction directionOf(const Stage& stage) {
-    return stage.surroundings().localeTexts.isRightToLeft() ? layout::Direction::rightToLeft
-                                                            : layout::Direction::leftToRight;
+layout::Direction directionOf(const Options& options) {
+    return system::isRightToLeft(options.locale) ? layout::Direction::rightToLeft
+                                                 : layout::Direction::leftToRight;
 }
 
 }  // namespace
@@ -55,7 +56,7 @@ int renderPicture(const Options& options) {
     const Stage stage(options);
     const widget::ProvidedTimeline timeline = widgetOf(stage, options).timeline();
     const kit::DrawnEntry entry = timeline.entries.front().draw(environmentOf(options));
-    const paint::WidgetPicture picture(entry, options.family, directionOf(stage),
+    const paint::WidgetPicture picture(entry, options.family, directionOf(options),
                                        application.resources());
     const paint::PaintStyle style{
         .appearance = {.scheme = options.scheme, .renderingMode = options.mode, .accent = {}},
@@ -66,7 +67,7 @@ int renderPicture(const Options& options) {
 int drawGallery(const Options& options) {
     const PictureApplication application;
     const Stage stage(options);
-    return save(gallerySheet(stage, directionOf(stage), application.resources(), options.scale),
+    return save(gallerySheet(stage, directionOf(options), application.resources(), options.scale),
                 options.output);
 }
 

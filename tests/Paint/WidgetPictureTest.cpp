@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -65,6 +67,9 @@ kit::View badge() {
                      line("Undo", kit::Font::system(11, FontWeight::semibold), accent)}};
 }
 
+const kit::Font clockFont =
+    kit::Font::system(20, FontWeight::semibold).rounded().monospacedDigits();
+
 /// A bit of everything that widgets are made of.
 kit::DrawnEntry sampler() {
     const kit::View header = kit::HStack{
@@ -75,16 +80,14 @@ kit::DrawnEntry sampler() {
                      kit::Symbol{.name = "graduationcap.fill",
                                  .font = kit::Font::system(12),
                                  .color = accent.withOpacity(0.8)}}};
-    const kit::View clock = kit::HStack{
-        .spacing = 8,
-        .children = {
-            doneMark(),
-            kit::Countdown{
-                .from = system::Date::since1970(1000),
-                .to = system::Date::since1970(2122),
-                .font = kit::Font::system(20, FontWeight::semibold).rounded().monospacedDigits(),
-                .color = accent},
-            kit::Spacer{}, badge()}};
+    const kit::View clock =
+        kit::HStack{.spacing = 8,
+                    .children = {doneMark(),
+                                 kit::Countdown{.from = system::Date::since1970(1000),
+                                                .to = system::Date::since1970(2122),
+                                                .font = clockFont,
+                                                .color = accent},
+                                 kit::Spacer{}, badge()}};
     kit::Text struck{.text = "Essay outline", .font = kit::Font::system(12)};
     struck.strikethrough = true;
     const kit::View bar = kit::Frame{
@@ -99,6 +102,22 @@ kit::DrawnEntry sampler() {
                             .children = {header, task("Lab report: acids and bases", orange),
                                          kit::Opacity{0.45, struck}, clock, bar}}),
             .background = kit::tertiaryFill};
+}
+
+/// Over all components of all pixels of two pictures of one size.
+int largestDifference(const QImage& a, const QImage& b) {
+    EXPECT_EQ(a.size(), b.size());
+    int largest = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y);
+            const QRgb q = b.pixel(x, y);
+            largest =
+                std::max({largest, std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
+                          std::abs(qBlue(p) - qBlue(q)), std::abs(qAlpha(p) - qAlpha(q))});
+        }
+    }
+    return largest;
 }
 
 class WidgetPictureTest : public ::testing::Test {
@@ -171,14 +190,61 @@ TEST_F(WidgetPictureTest, ContentIsDrawnWhereItsBoxesAre) {
     EXPECT_NE(image.pixelColor(54, 53).rgb(), indigo.rgb());
 }
 
-TEST_F(WidgetPictureTest, IsLiveOnlyWithSomethingThatRunsByItself) {
-    const auto isLive = [&](kit::View view) {
-        return picture({.content = std::move(view)}, Family::small).isLive();
+TEST_F(WidgetPictureTest, IsLiveOnlyAroundWhatRunsByItself) {
+    const auto liveAreas = [&](kit::View view) {
+        return picture({.content = topLeading(std::move(view))}, Family::small).liveAreas();
     };
-    EXPECT_FALSE(isLive(line("Ready", kit::Font::system(12))));
-    EXPECT_FALSE(isLive(kit::Progress{.value = kit::BarValue{0.5}}));
-    EXPECT_TRUE(isLive(kit::Progress{.value = kit::BarInterval{now, now + 60}}));
-    EXPECT_TRUE(isLive(kit::Countdown{.from = now, .to = now + 60, .font = kit::Font::system(20)}));
+    EXPECT_TRUE(liveAreas(line("Ready", kit::Font::system(12))).empty());
+    EXPECT_TRUE(liveAreas(kit::Progress{.value = kit::BarValue{0.5}}).empty());
+    const auto bar =
+        liveAreas(sized(100, 4, kit::Progress{.value = kit::BarInterval{now, now + 60}}));
+    ASSERT_EQ(bar.size(), 1U);
+    EXPECT_EQ(bar.front(), (layout::Rect{8, 8, 116, 20}));
+    EXPECT_EQ(liveAreas(kit::Countdown{.from = now, .to = now + 60, .font = kit::Font::system(20)})
+                  .size(),
+              1U);
+}
+
+TEST_F(WidgetPictureTest, ChangesNowhereElseThanInItsLiveAreas) {
+    for (const double scale : {1.0, 1.25, 2.0}) {
+        SCOPED_TRACE(scale);
+        const WidgetPicture widget = picture(sampler(), Family::medium);
+        const PaintStyle style{.scale = scale};
+        QImage before = widget.image(style, now);
+        QImage after = widget.image(style, now + 1);
+        ASSERT_NE(before, after);
+        for (QImage* const image : {&before, &after}) {
+            QPainter painter(image);
+            for (const layout::Rect& area : widget.liveAreas()) {
+                painter.fillRect(QRectF(area.x, area.y, area.width, area.height), Qt::black);
+            }
+        }
+        EXPECT_EQ(before, after);
+    }
+}
+
+TEST_F(WidgetPictureTest, EveryPartIsTheSameAsInTheWholePicture) {
+    kit::DrawnEntry withoutCutOut = sampler();
+    withoutCutOut.content = topLeading(
+        kit::VStack{.children = {line("Biology", kit::Font::system(12)),
+                                 kit::Countdown{.from = now, .to = now + 90, .font = clockFont},
+                                 task("Lab report: acids and bases", orange)}});
+    constexpr int rounding = 1;
+    for (const kit::DrawnEntry& entry : {sampler(), withoutCutOut}) {
+        const WidgetPicture widget = picture(entry, Family::medium);
+        for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
+            const PaintStyle style{.scale = scale};
+            const QImage whole = widget.image(style, now);
+            for (int x = 0; x < whole.width(); x += 37) {
+                for (int y = 0; y < whole.height(); y += 23) {
+                    const QRect part = QRect(x, y, 61, 31) & whole.rect();
+                    EXPECT_LE(largestDifference(widget.image(style, now, part), whole.copy(part)),
+                              rounding)
+                        << scale << ": " << x << ", " << y;
+                }
+            }
+        }
+    }
 }
 
 TEST_F(WidgetPictureTest, ChangesWithTimeWhereItIsLive) {

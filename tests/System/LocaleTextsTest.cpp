@@ -72,11 +72,11 @@ TEST(LocaleTexts, FollowTheHourCycleThatTheLocaleNames) {
 }
 
 TEST(LocaleTexts, KnowTheDirectionOfTheScript) {
-    EXPECT_TRUE(LocaleTexts("ar_EG", "UTC").isRightToLeft());
-    EXPECT_TRUE(LocaleTexts("he_IL", "UTC").isRightToLeft());
-    EXPECT_FALSE(LocaleTexts("en_US", "UTC").isRightToLeft());
-    EXPECT_FALSE(LocaleTexts("az_AZ", "UTC").isRightToLeft());
-    EXPECT_TRUE(LocaleTexts("az_Arab_IR", "UTC").isRightToLeft());
+    EXPECT_TRUE(isRightToLeft("ar_EG"));
+    EXPECT_TRUE(isRightToLeft("he_IL"));
+    EXPECT_FALSE(isRightToLeft("en_US"));
+    EXPECT_FALSE(isRightToLeft("az_AZ"));
+    EXPECT_TRUE(isRightToLeft("az_Arab_IR"));
 }
 
 TEST(LocaleTexts, OfNoLocaleAreThoseOfTheEnvironment) {

@@ -34,7 +34,9 @@ std::string contentOf(const fs::path& path) {
 class Scene {
 public:
     explicit Scene(const GoldenCase& goldenCase)
-        : test_(goldenCase.locale),
+        : direction_(system::isRightToLeft(goldenCase.locale) ? layout::Direction::rightToLeft
+                                                              : layout::Direction::leftToRight),
+          test_(goldenCase.locale),
           localization_(goldenCase.locale, KELMAR_CATALOGUES),
           surroundings_{.clock = test_.clock,
                         .calendar = *test_.calendar,
@@ -65,12 +67,10 @@ public:
                    .renderingMode = goldenCase.mode});
     }
 
-    [[nodiscard]] layout::Direction direction() const {
-        return test_.localeTexts.isRightToLeft() ? layout::Direction::rightToLeft
-                                                 : layout::Direction::leftToRight;
-    }
+    [[nodiscard]] layout::Direction direction() const { return direction_; }
 
 private:
+    layout::Direction direction_;
     TestSurroundings test_;
     system::GettextLocalization localization_;
     widget::Surroundings surroundings_;
