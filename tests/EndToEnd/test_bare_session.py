@@ -91,7 +91,9 @@ class BareSessionTest(unittest.TestCase):
         self.assert_says(NO_COMPOSITOR, NO_PORTAL, NO_TRAY, NO_WINDOW_MANAGER)
 
     def test_without_anything_but_a_display(self):
-        self.start(without={"bus", "window manager"}, XDG_RUNTIME_DIR=None)
+        # Qt then makes a folder of its own where temporary files go.
+        self.start(without={"bus", "window manager"}, XDG_RUNTIME_DIR=None,
+                   TMPDIR=self.session.folder)
         self.assert_works()
         self.assert_says(NO_COMPOSITOR, NO_BUS, NO_RUNTIME_FOLDER, NO_TRAY, NO_WINDOW_MANAGER)
 
