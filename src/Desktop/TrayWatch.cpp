@@ -1,9 +1,10 @@
 #include "Desktop/TrayWatch.h"
 
-#include <QDBusConnectionInterface>
+#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
+#include <QDBusVariant>
 #include <QTimer>
 #include <utility>
 
@@ -13,7 +14,9 @@ namespace kelmar::desktop {
 
 namespace {
 
-const auto watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
+/// The service and its interface.
+const auto watcher = QStringLiteral("org.kde.StatusNotifierWatcher");
+const auto path = QStringLiteral("/StatusNotifierWatcher");
 
 }  // namespace
 
@@ -32,15 +35,25 @@ void TrayWatch::lookOnBus() {
         takeAnswer(false);
         return;
     }
-    auto* coming = new QDBusServiceWatcher(watcherService, bus,
-                                           QDBusServiceWatcher::WatchForRegistration, this);
-    connect(coming, &QDBusServiceWatcher::serviceRegistered, this, &TrayWatch::tellFound);
-    auto* question = new QDBusPendingCallWatcher(
-        bus.interface()->asyncCall(QStringLiteral("NameHasOwner"), watcherService), this);
+    // The watcher may be there long before anybody shows what it watches.
+    bus.connect(watcher, path, watcher, QStringLiteral("StatusNotifierHostRegistered"), this,
+                SLOT(tellFound()));
+    auto* coming =
+        new QDBusServiceWatcher(watcher, bus, QDBusServiceWatcher::WatchForRegistration, this);
+    connect(coming, &QDBusServiceWatcher::serviceRegistered, this, &TrayWatch::askOnBus);
+    askOnBus();
+}
+
+void TrayWatch::askOnBus() {
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        watcher, path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    call << watcher << QStringLiteral("IsStatusNotifierHostRegistered");
+    call.setAutoStartService(false);
+    auto* question = new QDBusPendingCallWatcher(sessionBus().asyncCall(call), this);
     connect(question, &QDBusPendingCallWatcher::finished, this,
             [this](QDBusPendingCallWatcher* answered) {
-                const QDBusPendingReply<bool> isOnBus = *answered;
-                takeAnswer(!isOnBus.isError() && isOnBus.value());
+                const QDBusPendingReply<QDBusVariant> isShown = *answered;
+                takeAnswer(!isShown.isError() && isShown.value().variant().toBool());
                 answered->deleteLater();
             });
 }
@@ -48,7 +61,7 @@ void TrayWatch::lookOnBus() {
 void TrayWatch::takeAnswer(bool isOnBus) {
     if (isOnBus || windowTray_.isThere()) {
         tellFound();
-    } else if (!isFound_) {
+    } else if (!isFound_ && !std::exchange(isMissingTold_, true)) {
         emit missing();
     }
 }

@@ -7,8 +7,9 @@
 namespace kelmar::desktop {
 
 /// Waits for a tray to put an icon into, of either kind: one that is spoken with over the session
-/// bus (org.kde.StatusNotifierWatcher), or one that takes windows in (freedesktop.org's System Tray
-/// Protocol Specification). Qt looks for the former only once, so it must not be asked before.
+/// bus (freedesktop.org's StatusNotifierItem Specification), or one that takes windows in (its
+/// System Tray Protocol Specification). Qt looks for the former only once, so it must not be asked
+/// before.
 class TrayWatch final : public QObject {
     Q_OBJECT
 
@@ -24,11 +25,15 @@ signals:
 
 private:
     void lookOnBus();
+    void askOnBus();
     void takeAnswer(bool isOnBus);
-    void tellFound();
 
     SelectionOwner windowTray_;
     bool isFound_ = false;
+    bool isMissingTold_ = false;
+
+private slots:
+    void tellFound();
 };
 
 }  // namespace kelmar::desktop

@@ -47,6 +47,10 @@ class PlannerFolder:
     def publish(self, data):
         self._session.write_in_home(SNAPSHOT, json.dumps(data))
 
+    def published(self):
+        with open(self._session.path_in_home(SNAPSHOT), encoding="utf-8") as file:
+            return json.load(file)
+
     def publish_text(self, text):
         self._session.write_in_home(SNAPSHOT, text)
 

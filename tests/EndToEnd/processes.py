@@ -19,9 +19,9 @@ class Processes:
     def start(self, name, command, environment, **options):
         log = open(os.path.join(self._log_folder, name + ".log"), "ab")
         with log:
-            process = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL,
-                                       stderr=log, start_new_session=True,
-                                       **{"stdout": log, **options})
+            process = subprocess.Popen(command, env=environment, stderr=log,
+                                       start_new_session=True,
+                                       **{"stdin": subprocess.DEVNULL, "stdout": log, **options})
         self._running.append(process)
         return process
 
@@ -40,8 +40,9 @@ class Processes:
                 pass
         self._kill_group(process)
         process.wait(ENDING_TIME)
-        if process.stdout:
-            process.stdout.close()
+        for stream in (process.stdin, process.stdout):
+            if stream:
+                stream.close()
         if process in self._running:
             self._running.remove(process)
         return process.returncode

@@ -2,16 +2,14 @@
 
 import os
 import signal
-import subprocess
-import tempfile
 import time
 import unittest
 
 import planner
-from picture import Picture
 from planner import FIRST_TICK, FIRST_TITLE, UNDO, DueToday, PlannerFolder, item, snapshot
 from processes import children_of, wait_until
-from session import Session, binary
+from rendering import rendered
+from session import Session
 
 MAGENTA = (255, 0, 255)
 CYAN = (0, 255, 255)
@@ -128,20 +126,11 @@ class SentenceTest(DueTodayTest):
         """The desktop's picture is the one that the command line draws of the same files."""
         def looks_alike():
             return self.widget.picture().part(*inside).differing_pixels(
-                self.rendered().part(*inside), tolerance=16) == 0
+                rendered(self.session, "DueToday", "large").part(*inside), tolerance=16) == 0
 
         # The corners differ: on this desktop nothing blends them.
         inside = (12, 12, 340, 358)
         wait_until(looks_alike, "the picture that the command line draws")
-
-    def rendered(self):
-        with tempfile.TemporaryDirectory() as folder:
-            path = os.path.join(folder, "widget.png")
-            subprocess.run(
-                [binary("kelmar-widgetctl"), "render", "DueToday", "--family", "large",
-                 "--home", self.session.home, "-o", path],
-                env={**self.session.environment, "QT_QPA_PLATFORM": "offscreen"}, check=True)
-            return Picture.of_file(path)
 
     def test_signed_out_missing_and_unreadable_snapshots_show_the_same_sentence(self):
         self.folder.publish(snapshot(today=[essay()], signed_in=False))

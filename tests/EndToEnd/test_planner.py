@@ -1,14 +1,13 @@
 """Due Today together with the stand-in for the planner."""
 
-import json
 import os
-import subprocess
 import unittest
 
 import planner
 from planner import FIRST_TICK, FIRST_TITLE, UNDO, DueToday, tick_name
 from processes import wait_until
-from session import Session, binary
+from session import Session
+from stand_in import StandIn
 
 
 class PlannerTest(unittest.TestCase):
@@ -16,21 +15,15 @@ class PlannerTest(unittest.TestCase):
         self.session = Session()
         self.addCleanup(self.session.end)
         self.session.start()
-        subprocess.run([binary("kelmar-planner-demo"), "--register"],
-                       env=self.session.environment, check=True, stdout=subprocess.DEVNULL)
-        self.session.processes.start("kelmar-planner-demo",
-                                     [binary("kelmar-planner-demo"), "--background"],
-                                     self.session.environment)
-        wait_until(lambda: os.path.exists(self.session.path_in_home(planner.SNAPSHOT)),
-                   "the planner's snapshot")
+        self.planner = StandIn(self.session)
+        self.planner.start()
         self.widget = DueToday(self.session)
         self.widget.start()
         self.first = self.due()[0]
 
     def due(self):
         """The ids that the widget lists first, as the planner has published them."""
-        with open(self.session.path_in_home(planner.SNAPSHOT), encoding="utf-8") as file:
-            data = json.load(file)
+        data = self.planner.snapshot()
         return [entry["id"] for entry in data["today"] or data["upcoming"]]
 
     def tick_files(self):

@@ -446,6 +446,7 @@ class SurroundingsTest(WindowTest):
         log = self.session.processes.log_of("kelmar-widgets").splitlines()
         self.assertEqual(sum("session bus" in line for line in log), 1, log)
         self.assertEqual(sum("compositor" in line for line in log), 1, log)
+        self.assertEqual(sum("system tray" in line for line in log), 1, log)
         self.assertIsNone(process.poll())
 
     def test_missing_key_file_ends_the_program_with_a_line_that_names_it(self):
