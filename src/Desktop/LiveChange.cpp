@@ -10,6 +10,9 @@ namespace {
 using system::Date;
 using system::Seconds;
 
+/// Dates of our time lie this far apart at most, with something to spare.
+constexpr Seconds dateGrain = 1e-6;
+
 /// Of something that runs from `from` to `to` and changes whenever the time left is a whole number
 /// of steps.
 std::optional<Date> nextStep(Date from, Date to, Seconds step, Date now) {
@@ -17,9 +20,9 @@ std::optional<Date> nextStep(Date from, Date to, Seconds step, Date now) {
     if (left <= 0 || step <= 0) {
         return std::nullopt;
     }
-    const double stepsLeftAfter = std::ceil(left / step) - 1;
+    // Rounding may put a step that is happening right now a hair before it or after it.
+    const double stepsLeftAfter = std::ceil((left - dateGrain) / step) - 1;
     const Date next = to + -stepsLeftAfter * step;
-    // Rounding may put a step that is happening right now a hair before it.
     return next > now ? next : next + step;
 }
 

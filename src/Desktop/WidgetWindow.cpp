@@ -114,6 +114,7 @@ void WidgetWindow::paintEvent(QPaintEvent* event) {
     if (!picture_) {
         return;
     }
+    shownMoment_ = clock_.now();
     QPainter painter(this);
     for (const QRect& part : event->region()) {
         drawPart(painter, part);
@@ -128,7 +129,7 @@ void WidgetWindow::drawPart(QPainter& painter, const QRect& part) {
     const QRect pixels =
         QRectF(QPointF(part.topLeft()) * scale, QSizeF(part.size()) * scale).toAlignedRect() &
         whole;
-    const QImage image = picture_->image(style_, clock_.now(), pixels);
+    const QImage image = picture_->image(style_, *shownMoment_, pixels);
     painter.drawImage(QPointF(pixels.topLeft()) / scale,
                       corners_ == Corners::cutOut ? opaqueCard(image) : image);
 }
@@ -228,16 +229,16 @@ void WidgetWindow::updateMask() {
 
 void WidgetWindow::scheduleLiveChange() {
     liveTimer_.stop();
-    if (!visibility_ || !visibility_->canBeSeen()) {
+    if (!shownMoment_ || !visibility_ || !visibility_->canBeSeen()) {
         return;
     }
-    const system::Date now = clock_.now();
-    const auto change = nextLiveChange(boxes(), now, devicePixelRatioF());
+    const auto change = nextLiveChange(boxes(), *shownMoment_, devicePixelRatioF());
     if (!change) {
         return;
     }
-    // A long wait is divided: the clock may be set, and the timer counts in 32 bits.
-    const double wait = std::min(*change - now, 3600.0);
+    // A long wait is divided: the clock may be set, and the timer counts in 32 bits. What changed
+    // while nobody could see it is shown at once.
+    const double wait = std::clamp(*change - clock_.now(), 0.0, 3600.0);
     liveTimer_.start(std::chrono::milliseconds(static_cast<int>(std::ceil(wait * 1000))));
 }
 

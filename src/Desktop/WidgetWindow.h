@@ -72,6 +72,7 @@ private:
     Corners corners_ = Corners::cutOut;
     std::optional<paint::WidgetPicture> picture_;
     std::optional<std::string> widgetUrl_;
+    std::optional<system::Date> shownMoment_;  ///< When it was last drawn.
     PressGesture gesture_;
     QPoint grip_;  ///< From the window's top left corner to where the pointer holds it.
     std::unique_ptr<WindowVisibility> visibility_;

@@ -3,6 +3,7 @@
 #include <rapidcheck/gtest.h>
 
 #include "Desktop/LiveChange.h"
+#include "Layout/CountdownText.h"
 
 namespace kelmar::desktop {
 namespace {
@@ -82,6 +83,42 @@ RC_GTEST_PROP(LiveChange, WakingAtEachChangeEndsAfterOneWakeASecond, ()) {
     }
     RC_ASSERT(now == at(to));
     RC_ASSERT(wakes == int(std::ceil(to - from)));
+}
+
+/// Any moment at all, not only whole seconds: nobody starts a session on the second.
+rc::Gen<double> anySeconds(double least, double most) {
+    return rc::gen::map(rc::gen::inRange<int>(0, 1'000'000), [least, most](int part) {
+        return least + (most - least) * part / 1'000'000;
+    });
+}
+
+RC_GTEST_PROP(LiveChange, CountdownReadsTheSameUntilItsNextChangeAndOneSecondLessFromThenOn, ()) {
+    const double to = *anySeconds(1, 8000);
+    const Date now = at(*anySeconds(0, to - 0.01));
+    const auto next = nextLiveChange({countdown(0, to)}, now, 1);
+    RC_ASSERT(next.has_value());
+    const auto reads = [&](Date moment) { return layout::countdownText(at(to) - moment); };
+    // A clock that counts seconds since 1970 has a grain of its own.
+    constexpr double grain = 1e-5;
+    RC_PRE(*next - now > 2 * grain);
+    RC_ASSERT(reads(*next + -grain) == reads(now));
+    RC_ASSERT(reads(*next + grain) != reads(now));
+    RC_ASSERT(*next - now <= 1 + grain);
+}
+
+RC_GTEST_PROP(LiveChange, BarNeverWakesMoreOftenThanItHasPixels, ()) {
+    const double length = *anySeconds(1, 8000);
+    const int width = *rc::gen::inRange(1, 340);
+    const double scale = *rc::gen::element(1.0, 1.25, 1.5, 2.0);
+    Date now = at(0);
+    int wakes = 0;
+    while (const auto next = nextLiveChange({bar(0, length, width)}, now, scale)) {
+        RC_ASSERT(*next > now);
+        now = *next;
+        ++wakes;
+    }
+    RC_ASSERT(now == at(length));
+    RC_ASSERT(wakes <= int(std::ceil(width * scale)));
 }
 
 }  // namespace

@@ -1,8 +1,10 @@
 #include <QAccessible>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
+#include <QExposeEvent>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QWindow>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -178,6 +180,55 @@ TEST_F(WidgetWindowTest, CornersAreCutOutOnDemandOnly) {
     EXPECT_TRUE(window_.mask().contains(QPoint(22, 0)));
     window_.setCorners(Corners::transparent);
     EXPECT_TRUE(window_.mask().isEmpty());
+}
+
+class LiveWindowTest : public WidgetWindowTest {
+protected:
+    /// A countdown of a minute that began a quarter of a second ago.
+    LiveWindowTest() {
+        const system::Date from = clock_.now() + -0.25;
+        kit::DrawnEntry drawn = entry();
+        drawn.content = kit::Countdown{.from = from,
+                                       .to = from + 60,
+                                       .font = kit::Font::system(30, kit::FontWeight::bold),
+                                       .color = kit::Color::rgb(1, 1, 1)};
+        show(drawn);
+    }
+
+    void SetUp() override {
+        QCoreApplication::processEvents();
+        window_.installEventFilter(&paints_);
+    }
+
+    void pass(double seconds) { clock_.set(clock_.now() + seconds); }
+    void tellThatItCanBeSeenAgain() {
+        QExposeEvent event(QRegion(0, 0, 364, 170));
+        QCoreApplication::sendEvent(window_.windowHandle(), &event);
+        // First a timer that is due at once, then the drawing that it asks for.
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+    }
+
+    struct PaintCounter final : QObject {
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+            count += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+        int count = 0;
+    };
+    PaintCounter paints_;
+};
+
+TEST_F(LiveWindowTest, NothingIsDrawnAnewBeforeTheSecondIsOver) {
+    pass(0.1);
+    tellThatItCanBeSeenAgain();
+    EXPECT_EQ(paints_.count, 0);
+}
+
+TEST_F(LiveWindowTest, WhatChangedUnseenIsDrawnAsSoonAsItCanBeSeen) {
+    pass(20);
+    tellThatItCanBeSeenAgain();
+    EXPECT_EQ(paints_.count, 1);
 }
 
 class WidgetAccessibilityTest : public WidgetWindowTest {

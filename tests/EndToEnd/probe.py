@@ -63,10 +63,10 @@ class Probe:
         with open(os.path.join(self.folder, "color"), "w", encoding="ascii") as file:
             file.write(f"{red} {green} {blue}")
 
-    def show_live_things(self):
-        """From the next timeline on."""
-        with open(os.path.join(self.folder, "live"), "w", encoding="ascii"):
-            pass
+    def show_live_things(self, *things):
+        """From the next timeline on: "countdown", "bar" (of a minute), "slow bar" (of a day)."""
+        with open(os.path.join(self.folder, "live"), "w", encoding="ascii") as file:
+            file.write("\n".join(things))
 
     def tell_of_change(self):
         """Touches the file that the key file names."""

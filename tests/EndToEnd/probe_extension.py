@@ -2,7 +2,7 @@
 down. In its own folder it finds and leaves these files:
 
     color       the background's colour as "r g b" from 0 to 1, read for every timeline
-    live        if it is there, a countdown and a bar that empties by itself are shown too
+    live        what is shown besides, a name a line: "countdown", "bar", "slow bar"
     requests    one line for every request that has come, as JSON
     pid         the process id of the one that runs now
 """
@@ -51,16 +51,17 @@ class Probe:
         return entry
 
     def _content(self, kind):
-        parts = [fields(kind)]
-        if os.path.exists(os.path.join(self._folder, "live")):
-            now = time.time()
-            parts += [{"type": "countdown", "from": now, "to": now + 3600,
-                       "font": {"size": 20}, "color": {"rgb": [1, 1, 1]}},
-                      {"type": "progress", "from": now, "to": now + 60,
-                       "tint": {"rgb": [1, 1, 1]}}]
+        parts = [fields(kind)] + [live_thing(name) for name in self._live_things()]
         return {"type": "frame", "maxWidth": "infinity", "maxHeight": "infinity",
                 "alignment": "topLeading", "child":
                 {"type": "vstack", "alignment": "leading", "spacing": 20, "children": parts}}
+
+    def _live_things(self):
+        try:
+            with open(os.path.join(self._folder, "live"), encoding="ascii") as file:
+                return file.read().splitlines()
+        except FileNotFoundError:
+            return []
 
     def _color(self):
         try:
@@ -82,6 +83,15 @@ class Probe:
     def _write(self, name, mode, text):
         with open(os.path.join(self._folder, name), mode, encoding="utf-8") as file:
             file.write(text)
+
+
+def live_thing(name):
+    now = time.time()
+    if name == "countdown":
+        return {"type": "countdown", "from": now, "to": now + 3600,
+                "font": {"size": 20}, "color": {"rgb": [1, 1, 1]}}
+    return {"type": "progress", "from": now, "to": now + {"bar": 60, "slow bar": 86400}[name],
+            "tint": {"rgb": [1, 1, 1]}}
 
 
 def field(color):

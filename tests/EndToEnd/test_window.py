@@ -346,9 +346,8 @@ class ExtensionTest(WindowTest):
 
 
 class LiveTest(WindowTest):
-    def setUp(self):
-        super().setUp()
-        self.probe.show_live_things()
+    def start(self, *things):
+        self.probe.show_live_things(*things)
         self.process = self.probe.start_widgets()
         self.wait_for_background(BLUE)
 
@@ -358,11 +357,23 @@ class LiveTest(WindowTest):
         return self.probe.part(area) != before
 
     def test_countdown_and_bar_move_by_themselves(self):
+        self.start("countdown", "bar")
         self.assertTrue(self.is_moving(COUNTDOWN, 1.2))
         # It empties by more than five pixels a second.
         self.assertTrue(self.is_moving(BAR, 1.2))
 
+    def test_bar_that_moves_by_no_pixel_wakes_nobody(self):
+        # 332 pixels a day: one in more than four minutes.
+        self.start("slow bar")
+        wait_until(lambda: not children_of(self.process.pid), "the extension to go", 20)
+        # What the extension's end leaves behind, such as a timer that would have killed it, passes.
+        time.sleep(3)
+        before = context_switches(self.process.pid)
+        time.sleep(3)
+        self.assertEqual(context_switches(self.process.pid), before)
+
     def test_nothing_is_redrawn_while_the_widget_is_covered(self):
+        self.start("countdown", "bar")
         wait_until(lambda: not children_of(self.process.pid), "the extension to go", 20)
         x, y, width, height = self.session.geometry_of(self.probe.window())
         cover = self.session.open_plain_window(x - 12, y - 12, width + 24, height + 24)
