@@ -5,6 +5,7 @@ windows of conky, all in one run: start, memory, wakeups, and from a press to th
 Usage: desktop_bench.py BUILD_FOLDER [SECONDS]; SECONDS is how long wakeups are counted, 60 if absent.
 """
 
+import ctypes
 import mmap
 import os
 import statistics
@@ -18,7 +19,7 @@ SECONDS = float(sys.argv[2]) if len(sys.argv) > 2 else 60.0
 os.environ["KELMAR_BIN"] = os.path.join(BUILD, "bin")
 sys.path.insert(0, os.path.join(HERE, "..", "tests", "EndToEnd"))
 
-from planner import TICKED, PlannerFolder, item, snapshot  # noqa: E402
+from planner import FIRST_TICK, DueToday, PlannerFolder, item, snapshot  # noqa: E402
 from processes import children_of, context_switches, wait_until  # noqa: E402
 from session import Session, binary  # noqa: E402
 
@@ -46,6 +47,26 @@ CONKY_TEXTS = ["Due Today\n2 due\nChapter 3 questions\nLab report", "Schedule\nA
                "Study Timer\n{clock}\nBiology", "Streak\n12 days"]
 
 
+class Pointer:
+    """Presses through XTest from within this process: a program started for each press would take
+    longer than what is measured."""
+
+    def __init__(self, display):
+        self._xlib = ctypes.CDLL("libX11.so.6")
+        self._xtest = ctypes.CDLL("libXtst.so.6")
+        self._xlib.XOpenDisplay.restype = ctypes.c_void_p
+        self._display = ctypes.c_void_p(self._xlib.XOpenDisplay(display.encode()))
+
+    def move(self, x, y):
+        self._xtest.XTestFakeMotionEvent(self._display, -1, x, y, ctypes.c_ulong(0))
+        self._xlib.XFlush(self._display)
+
+    def click(self):
+        for pressed in (1, 0):
+            self._xtest.XTestFakeButtonEvent(self._display, 1, pressed, ctypes.c_ulong(0))
+        self._xlib.XFlush(self._display)
+
+
 class Framebuffer:
     """The screen's pixels as the X server keeps them, so that looking costs the server nothing."""
 
@@ -57,12 +78,6 @@ class Framebuffer:
     def shows(self, color):
         blue, green, red = int(color[5:7], 16), int(color[3:5], 16), int(color[1:3], 16)
         return self._memory.find(bytes([blue, green, red])) >= 0
-
-    def part(self, x, y, width, height, screen_width):
-        start = len(self._memory) - screen_width * 800 * 4
-        return b"".join(self._memory[start + 4 * (row * screen_width + x):
-                                     start + 4 * (row * screen_width + x + width)]
-                        for row in range(y, y + height))
 
 
 def start_session():
@@ -249,11 +264,49 @@ def measure_wakeups(session, screen, planner):
     end(session, processes)
 
 
+def press_times(session, screen, pointer, planner, pause):
+    """Milliseconds from the end of a press on a tick until its row is gone, the extension having
+    been left alone for `pause` seconds before each."""
+    colors = [f"#{0x20 + number:02x}f0{0x90 + number:02x}" for number in range(PRESSES)]
+    planner.publish(snapshot(today=[item(f"press-{pause}-{number}", f"Chapter {number}", color)
+                                    for number, color in enumerate(colors)]))
+    forget_arrangement(session)
+    widget = DueToday(session)
+    process = widget.start()
+    x, y = widget.place()
+    pointer.move(x + FIRST_TICK[0], y + FIRST_TICK[1])
+    times = []
+    for color in colors:
+        wait_for_colors(screen, [color])
+        time.sleep(pause)
+        before = time.perf_counter()
+        pointer.click()
+        while screen.shows(color):
+            if time.perf_counter() > before + 5:
+                raise AssertionError("the press has not been answered")
+            time.sleep(0.0002)
+        times.append(1000 * (time.perf_counter() - before))
+    pointer.move(0, 0)
+    end(session, [process])
+    wait_for_no_colors(screen, colors)
+    return times
+
+
+def measure_presses(session, screen, planner):
+    print(f"From a press on a tick to the new picture, {PRESSES} presses, ms")
+    pointer = Pointer(session.environment["DISPLAY"])
+    for name, pause in (("extension running", 0.3), ("extension started for it", 3.0)):
+        times = press_times(session, screen, pointer, planner, pause)
+        row(name, f"median {statistics.median(times):.1f}", f"p95 {percentile(times, 0.95):.1f}")
+
+
 def main():
     session, screen = start_session()
     try:
         planner = PlannerFolder(session)
         session.register_recording_planner()
+        publish(planner, running=False)
+        measure_presses(session, screen, planner)
         publish(planner, running=False)
         measure_start(session, screen)
         measure_memory(session, screen)
