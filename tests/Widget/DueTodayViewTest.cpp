@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <rapidcheck.h>
 
 #include "Kit/Metrics.h"
 #include "Widget/Colors.h"
@@ -286,6 +287,27 @@ TEST(DueToday, TranslatesItsWords) {
         DueTodayView(entry, environment, plannerAccent, surroundings).body().content;
     for (const std::string& text : textsOf(view))
         EXPECT_TRUE(text.starts_with('!') || text == "1") << text;
+}
+
+TEST(DueTodayView, DependsOnTheEntrysDateAlone) {
+    TestSurroundings test;
+    EXPECT_TRUE(rc::check([&] {
+        std::vector<shared::WidgetData::Item> items;
+        for (const int hours : *rc::gen::container<std::vector<int>>(rc::gen::inRange(-60, 120))) {
+            items.push_back(item(std::to_string(items.size()), now + hours * 3600.0));
+            items.back().hasTime = *rc::gen::arbitrary<bool>();
+        }
+        DueEntry entry = entryOf(snapshotOf(items));
+        if (*rc::gen::arbitrary<bool>())
+            entry.undo = ticked;
+        entry.date = test.at(*rc::gen::inRange(0, 24), 30, *rc::gen::inRange(-1, 3));
+        for (const Family family : kit::families) {
+            test.clock.set(entry.date);
+            const kit::DrawnEntry whenShown = drawn(test, entry, family);
+            test.clock.set(entry.date + *rc::gen::inRange(-100, 100) * 3600.0);
+            RC_ASSERT(drawn(test, entry, family) == whenShown);
+        }
+    }));
 }
 
 }  // namespace

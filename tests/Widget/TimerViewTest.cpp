@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <rapidcheck.h>
 
 #include "Kit/Metrics.h"
 #include "Widget/Colors.h"
@@ -150,6 +151,23 @@ TEST(TimerView, TranslatesItsWordsAndLeavesThePlannersAlone) {
     EXPECT_EQ(said(running), (Texts{"Biology", "Essay", "!Pause"}));
     running.ringing = true;
     EXPECT_EQ(said(running), (Texts{"Biology", "!Time’s up", "!Take a break", "!Stop alarm"}));
+}
+
+TEST(TimerView, DependsOnTheEntrysDateAlone) {
+    TestSurroundings test;
+    EXPECT_TRUE(rc::check([&] {
+        auto timer = *rc::gen::elementOf(std::vector{readyTimer(), runningTimer(), pausedTimer()});
+        timer.ringing = *rc::gen::arbitrary<bool>();
+        timer.isBreak = *rc::gen::arbitrary<bool>();
+        TimerEntry entry = entryOf(snapshotWith(timer));
+        entry.date = now + *rc::gen::inRange(-1200, 1200);
+        for (const Family family : timerFamilies) {
+            test.clock.set(entry.date);
+            const kit::DrawnEntry whenShown = drawn(entry, family, test.surroundings);
+            test.clock.set(entry.date + *rc::gen::inRange(-2000, 2000));
+            RC_ASSERT(drawn(entry, family, test.surroundings) == whenShown);
+        }
+    }));
 }
 
 }  // namespace
