@@ -54,5 +54,23 @@ TEST(Boundaries, OfAnyBytesAscendToTheEnd) {
     }));
 }
 
+/// What ICU's own rules say of a text within a longer one, which is not plain any more.
+Offsets fromRules(std::string_view text, std::vector<std::size_t> (*boundaries)(std::string_view)) {
+    Offsets all = boundaries(std::string(text) + " é");
+    std::erase_if(all, [&](std::size_t offset) { return offset >= text.size(); });
+    if (!text.empty())
+        all.push_back(text.size());
+    return all;
+}
+
+TEST(TextBoundaries, OfPlainTextAreThoseOfTheRules) {
+    EXPECT_TRUE(rc::check([] {
+        const auto text = *rc::gen::container<std::string>(rc::gen::oneOf(
+            rc::gen::elementOf(std::string("aZ09 ,.: ")), rc::gen::elementOf(std::string("e1. "))));
+        RC_ASSERT(lineBreaks(text) == fromRules(text, lineBreaks));
+        RC_ASSERT(characterBoundaries(text) == fromRules(text, characterBoundaries));
+    }));
+}
+
 }  // namespace
 }  // namespace kelmar::system
