@@ -171,7 +171,8 @@ int runDesktop(int argc, char** argv) {
     }
     const auto& options = std::get<Options>(read);
     if (options.onlyIfArranged && !QFile::exists(ArrangementFile::standardPath())) {
-        return 0;
+        // The bus would go on waiting for a program that it has started and that has ended well.
+        return qEnvironmentVariableIsSet("DBUS_STARTER_ADDRESS") ? failureStatus : 0;
     }
     prepareQt(options);
     host::StreamLog log = host::StreamLog::onStandardError();

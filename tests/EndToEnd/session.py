@@ -22,6 +22,7 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
 <busconfig>
   <type>session</type>
   <listen>unix:dir={folder}</listen>
+  <servicedir>{folder}/services</servicedir>
   <auth>EXTERNAL</auth>
   <policy context="default">
     <allow send_destination="*" eavesdrop="true"/>
@@ -261,7 +262,14 @@ class Session:
             raise AssertionError("the X server did not start: " + self.processes.log_of("xvfb"))
         self.environment["DISPLAY"] = ":" + number
 
+    def make_startable(self, service):
+        """Lets the bus start a program, as its service file says."""
+        with open(os.path.join(self.folder, "services", "test.service"), "w",
+                  encoding="utf-8") as file:
+            file.write(service)
+
     def _start_session_bus(self):
+        self._make_folder("services")
         configuration = os.path.join(self.folder, "bus.conf")
         with open(configuration, "w", encoding="utf-8") as file:
             file.write(BUS_CONFIGURATION.format(folder=self.folder))
