@@ -25,6 +25,7 @@ TrayIcon::TrayIcon(const Parts& parts) : parts_(parts) {
     controls_ = new ControlEntries(menu_, parts_.host, ink);
     connect(&watch_, &TrayWatch::found, this, &TrayIcon::appear);
     connect(&watch_, &TrayWatch::missing, this, &TrayIcon::tellThereIsNone);
+    watch_.start();
 }
 
 TrayIcon::~TrayIcon() = default;

@@ -5,7 +5,6 @@
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
-#include <QTimer>
 #include <utility>
 
 #include "Desktop/SessionBus.h"
@@ -26,10 +25,9 @@ TrayWatch::TrayWatch() : windowTray_("_NET_SYSTEM_TRAY_S0") {
             tellFound();
         }
     });
-    QTimer::singleShot(0, this, &TrayWatch::lookOnBus);
 }
 
-void TrayWatch::lookOnBus() {
+void TrayWatch::start() {
     QDBusConnection bus = sessionBus();
     if (!bus.isConnected()) {
         takeAnswer(false);

@@ -14,8 +14,10 @@ class TrayWatch final : public QObject {
     Q_OBJECT
 
 public:
-    /// Looks as soon as the event loop runs.
     TrayWatch();
+
+    /// Looks for one from now on.
+    void start();
 
 signals:
     /// There is a tray; told once.
@@ -24,16 +26,13 @@ signals:
     void missing();
 
 private:
-    void lookOnBus();
     void askOnBus();
     void takeAnswer(bool isOnBus);
+    Q_SLOT void tellFound();
 
     SelectionOwner windowTray_;
     bool isFound_ = false;
     bool isMissingTold_ = false;
-
-private slots:
-    void tellFound();
 };
 
 }  // namespace kelmar::desktop
