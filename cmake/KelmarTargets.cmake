@@ -21,6 +21,8 @@ target_compile_options(kelmar_options INTERFACE
     -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion
     -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wcast-qual)
 target_include_directories(kelmar_options INTERFACE "${CMAKE_SOURCE_DIR}/src")
+# A program loads only the libraries that it calls: not every one that a layer below can need.
+target_link_options(kelmar_options INTERFACE -Wl,--as-needed)
 if(KELMAR_SANITIZE)
     target_compile_options(kelmar_options INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -8,6 +8,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "System/Descriptor.h"
+
 namespace kelmar::system {
 namespace {
 
@@ -25,23 +27,6 @@ Failure failure(const std::string& path, const std::string& reason) {
 Failure lastError(const std::string& path) {
     return failure(path, std::strerror(errno));
 }
-
-class Descriptor {
-public:
-    explicit Descriptor(int descriptor) : descriptor_(descriptor) {}
-    ~Descriptor() {
-        if (isOpen())
-            ::close(descriptor_);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    [[nodiscard]] bool isOpen() const { return descriptor_ >= 0; }
-    [[nodiscard]] int get() const { return descriptor_; }
-
-private:
-    int descriptor_;
-};
 
 /// The size of a regular file, or why it is none that may be read or written here.
 Result<std::size_t> regularSize(const Descriptor& file, const std::string& path) {
