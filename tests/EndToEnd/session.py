@@ -235,10 +235,10 @@ class Session:
             "QT_FORCE_STDERR_LOGGING": "1",
             # The sanitizers' runtime would insist on being loaded before the account wrapper.
             "ASAN_OPTIONS": "verify_asan_link_order=0:detect_leaks=0",
-            **self._account_environment(),
+            **self.account_environment(),
         }
 
-    def _account_environment(self):
+    def account_environment(self):
         """Gives the current user the test's home folder in the account database itself."""
         account = pwd.getpwuid(os.getuid())
         passwd = os.path.join(self.folder, "passwd")
