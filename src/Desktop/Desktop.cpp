@@ -7,6 +7,7 @@
 
 #include "Desktop/ControlEntries.h"
 #include "Desktop/FirstArrangement.h"
+#include "Desktop/LastUpdate.h"
 #include "Desktop/Screens.h"
 #include "Desktop/WidgetMenu.h"
 #include "Kit/Metrics.h"
@@ -157,6 +158,10 @@ void Desktop::connectWindow(host::WidgetId id, WidgetWindow& window) {
     connect(&window, &WidgetWindow::actionRequested, this, &Desktop::run);
     connect(&window, &WidgetWindow::menuRequested, this,
             [this, id](QPoint position) { popUpMenu(id, position); });
+    window.setToolTipSource([this, id] {
+        const auto since = parts_.host.outdatedSince(id);
+        return since ? lastUpdateText(parts_.clock.now() - *since, parts_.texts) : QString();
+    });
     connect(&window, &WidgetWindow::movedByHand, this, [this, id](QPoint position) {
         Shown& shown = shown_.at(id);
         shown.place = movedTo(position, shown.place, currentScreens());

@@ -4,10 +4,12 @@
 #include <QContextMenuEvent>
 #include <QCursor>
 #include <QGuiApplication>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QStyleHints>
+#include <QToolTip>
 #include <QWindow>
 #include <algorithm>
 #include <chrono>
@@ -45,6 +47,7 @@ WidgetWindow::WidgetWindow(kit::Family family, const system::Clock& clock)
                    Qt::WindowDoesNotAcceptFocus);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_NoSystemBackground);
+    setAttribute(Qt::WA_AlwaysShowToolTips);  // The window is never the active one.
     setMouseTracking(true);
     setFixedSize(windowSize(family));
     updateMask();
@@ -101,6 +104,10 @@ void WidgetWindow::setContent(const kit::DrawnEntry& entry, paint::Redaction red
     update();
 }
 
+void WidgetWindow::setToolTipSource(std::function<QString()> source) {
+    toolTipSource_ = std::move(source);
+}
+
 const layout::PlacedBoxes& WidgetWindow::boxes() const {
     static const layout::PlacedBoxes none;
     return picture_ && style_.redaction == paint::Redaction::shown ? picture_->boxes() : none;
@@ -108,6 +115,16 @@ const layout::PlacedBoxes& WidgetWindow::boxes() const {
 
 void WidgetWindow::run(const layout::Action& action) {
     emit actionRequested(action);
+}
+
+bool WidgetWindow::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) {
+        return QWidget::event(event);
+    }
+    // An empty text hides what is shown.
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                       toolTipSource_ ? toolTipSource_() : QString(), this);
+    return true;
 }
 
 void WidgetWindow::paintEvent(QPaintEvent* event) {

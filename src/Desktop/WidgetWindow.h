@@ -2,6 +2,7 @@
 
 #include <QTimer>
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -38,6 +39,9 @@ public:
     void setContent(const kit::DrawnEntry& entry, paint::Redaction redaction,
                     layout::Direction direction, const paint::PaintResources& resources);
 
+    /// What is said in a tooltip, asked each time one is about to appear; nothing for none.
+    void setToolTipSource(std::function<QString()> source);
+
     /// What is shown, from the window's top left corner; empty while it is redacted.
     [[nodiscard]] const layout::PlacedBoxes& boxes() const;
     /// Runs an action as a press on it would.
@@ -49,6 +53,7 @@ signals:
     void menuRequested(QPoint screenPosition);
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -72,6 +77,7 @@ private:
     Corners corners_ = Corners::cutOut;
     std::optional<paint::WidgetPicture> picture_;
     std::optional<std::string> widgetUrl_;
+    std::function<QString()> toolTipSource_;
     std::optional<system::Date> shownMoment_;  ///< When it was last drawn.
     PressGesture gesture_;
     QPoint grip_;  ///< From the window's top left corner to where the pointer holds it.

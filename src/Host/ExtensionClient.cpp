@@ -34,6 +34,9 @@ void ExtensionClient::proceed() {
         return;
     }
     idleTimer_->stop();
+    if (session_ && !makeWayForUpdate()) {
+        return;
+    }
     if (!session_) {
         SessionOwner& owner = *this;
         session_ = std::make_unique<ExtensionSession>(
@@ -45,6 +48,21 @@ void ExtensionClient::proceed() {
         session_->send(std::move(waiting_.front()));
         waiting_.pop_front();
     }
+}
+
+/// Ends the process if its program was updated. False while it has yet to answer what it was asked
+/// before: what is asked now is then for its successor.
+bool ExtensionClient::makeWayForUpdate() {
+    if (!session_->isOutdated()) {
+        return true;
+    }
+    if (!session_->isIdle()) {
+        return false;
+    }
+    parts_.log.write(LogLevel::notice,
+                     parts_.name + ": its program was updated; starts the new one");
+    retire();
+    return true;
 }
 
 void ExtensionClient::sessionReady(kit::Bundle bundle) {
@@ -61,6 +79,10 @@ void ExtensionClient::sessionAnswered() {
 }
 
 void ExtensionClient::sessionWentIdle() {
+    if (!waiting_.empty()) {
+        proceed();
+        return;
+    }
     idleTimer_->start(parts_.limits.idle);
 }
 

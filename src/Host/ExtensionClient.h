@@ -17,8 +17,8 @@
 namespace kelmar::host {
 
 /// The extension as the rest of the host sees it: always there. Starts its process when something
-/// is asked, ends it when nothing was asked for a while, and replaces it when it fails, each time
-/// after a longer pause until it answers again.
+/// is asked, ends it when nothing was asked for a while or when its program was updated, and
+/// replaces it when it fails, each time after a longer pause until it answers again.
 class ExtensionClient final : private SessionOwner {
 public:
     /// All of them outlive the client.
@@ -51,6 +51,7 @@ private:
     void sessionFailed(const std::string& how) override;
 
     void proceed();
+    [[nodiscard]] bool makeWayForUpdate();
     void retire();
     void retry();
     [[nodiscard]] std::chrono::milliseconds untilRetry() const;

@@ -33,6 +33,8 @@ public:
     virtual ~ExtensionProcess() = default;
     /// `line` comes without its line feed.
     virtual void write(std::string_view line) = 0;
+    /// Whether another program stands at the executable's path by now than when this was started.
+    [[nodiscard]] virtual bool isOutdated() const = 0;
     virtual void end(Ending ending) = 0;
 };
 

@@ -57,6 +57,8 @@ public:
     void send(ExtensionRequest request);
     [[nodiscard]] bool isReady() const { return isReady_; }
     [[nodiscard]] bool isIdle() const { return outstanding_.empty() && urls_.isEmpty(); }
+    /// Whether its program has been replaced on disk since it was started.
+    [[nodiscard]] bool isOutdated() const { return process_->isOutdated(); }
     /// The session is over, its owner hears nothing more.
     void end(Ending ending);
     /// What was not answered before the end. The oldest comes last: it is the likeliest cause of

@@ -37,6 +37,8 @@ Looks PlacedWidget::takePlaceholder(kit::Entry entry) {
 Looks PlacedWidget::takeTimeline(kit::Timeline timeline, system::Date now) {
     const bool showedPlaceholder = showsPlaceholder();
     timeline_ = std::move(timeline);
+    timelineCame_ = now;
+    isOutdated_ = false;
     faults_.clear();
     reloadAt_ = reloadDate(*timeline_);
     // A date that has come before the timeline did would have it asked for again and again, as
@@ -52,6 +54,7 @@ Looks PlacedWidget::takeTimeline(kit::Timeline timeline, system::Date now) {
 
 void PlacedWidget::refuseTimeline(system::Date now) {
     reloadAt_ = now + inSeconds(backoff_.next());
+    isOutdated_ = true;
 }
 
 bool PlacedWidget::noteFault(kit::EntryKind entryKind, const std::string& reason) {

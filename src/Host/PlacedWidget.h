@@ -33,11 +33,19 @@ public:
     [[nodiscard]] bool hasTimeline() const { return timeline_.has_value(); }
     [[nodiscard]] bool showsPlaceholder() const { return shown_ && !timeline_; }
 
+    /// When the timeline came, if a newer one could not be had since.
+    [[nodiscard]] std::optional<system::Date> outdatedSince() const {
+        return isOutdated_ ? timelineCame_ : std::nullopt;
+    }
+
     /// Whether a timeline is to be asked for now. While one is outstanding it is not, but another
     /// follows once that has come: it may have been made too early to know what happened.
     [[nodiscard]] bool beginReload();
     /// A reload that failed for want of an extension goes on with another request.
-    void continueReload() { isReloadWanted_ = false; }
+    void continueReload() {
+        isReloadWanted_ = false;
+        isOutdated_ = true;
+    }
     /// Whether another one has to follow.
     [[nodiscard]] bool endReload();
 
@@ -64,11 +72,13 @@ private:
     HostLimits limits_;
     Backoff backoff_;
     std::optional<kit::Timeline> timeline_;
+    std::optional<system::Date> timelineCame_;
     std::optional<kit::Entry> shown_;
     std::optional<system::Date> reloadAt_;
     std::map<kit::EntryKind, std::string> faults_;  ///< Since the last good timeline.
     bool isReloading_ = false;
     bool isReloadWanted_ = false;
+    bool isOutdated_ = false;  ///< Since the last reload failed.
 };
 
 }  // namespace kelmar::host

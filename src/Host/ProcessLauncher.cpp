@@ -6,9 +6,11 @@
 #include <QTimer>
 #include <cstring>
 #include <fmt/format.h>
+#include <optional>
 
 #include "Host/LineBuffer.h"
 #include "Kit/Protocol.h"
+#include "System/FileVersion.h"
 
 namespace kelmar::host {
 namespace {
@@ -24,7 +26,13 @@ class Child final : public QObject {
 public:
     Child(const std::string& executable, ExtensionListener& listener, const HostLimits& limits,
           Log& log, QObject* parent)
-        : QObject(parent), process_(this), listener_(&listener), limits_(limits), log_(log) {
+        : QObject(parent),
+          process_(this),
+          executable_(executable),
+          version_(system::fileVersion(executable)),
+          listener_(&listener),
+          limits_(limits),
+          log_(log) {
         connect(&process_, &QProcess::readyReadStandardOutput, this, &Child::readOutput);
         connect(&process_, &QProcess::readyReadStandardError, this, &Child::readErrors);
         connect(&process_, &QProcess::finished, this, &Child::finish);
@@ -40,6 +48,12 @@ public:
             Qt::QueuedConnection);
         process_.setWorkingDirectory(QStringLiteral("/"));
         process_.start(QString::fromStdString(executable), {});
+    }
+
+    /// While an update is being put in place nothing may stand there for a moment.
+    [[nodiscard]] bool isOutdated() const {
+        const auto current = system::fileVersion(executable_);
+        return current && current != version_;
     }
 
     void write(std::string_view line) {
@@ -67,7 +81,11 @@ public:
 
 private:
     void readOutput() {
-        output_.append(viewOf(process_.readAllStandardOutput()));
+        const auto bytes = process_.readAllStandardOutput();
+        if (listener_ == nullptr) {
+            return;  // Not kept: one that is on its way out may print until it is killed.
+        }
+        output_.append(viewOf(bytes));
         while (listener_ != nullptr) {
             if (output_.isOverlong()) {
                 listener_->overlongLineCame();
@@ -82,7 +100,11 @@ private:
     }
 
     void readErrors() {
-        errors_.append(viewOf(process_.readAllStandardError()));
+        const auto bytes = process_.readAllStandardError();
+        if (listener_ == nullptr) {
+            return;
+        }
+        errors_.append(viewOf(bytes));
         while (listener_ != nullptr) {
             const auto line = errors_.isOverlong() ? errors_.takePiece() : errors_.takeLine();
             if (!line) {
@@ -115,6 +137,8 @@ private:
     }
 
     QProcess process_;
+    std::string executable_;
+    std::optional<system::FileVersion> version_;  ///< Of the executable before the start.
     ExtensionListener* listener_;
     HostLimits limits_;
     Log& log_;
@@ -138,6 +162,7 @@ public:
             child_->write(line);
         }
     }
+    [[nodiscard]] bool isOutdated() const override { return child_ && child_->isOutdated(); }
     void end(Ending ending) override {
         ended_ = true;
         if (child_) {

@@ -167,6 +167,11 @@ bool WidgetHost::showsPlaceholder(WidgetId id) const {
     return widget != nullptr && widget->showsPlaceholder();
 }
 
+std::optional<system::Date> WidgetHost::outdatedSince(WidgetId id) const {
+    const auto* const widget = state_->keeper().find(id);
+    return widget != nullptr ? widget->outdatedSince() : std::nullopt;
+}
+
 const kit::ControlValue* WidgetHost::controlValue(const std::string& kind) const {
     return state_->controls().find(kind);
 }

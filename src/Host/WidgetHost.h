@@ -49,6 +49,10 @@ public:
     /// Whether `shownEntry` is only the placeholder, to be drawn redacted.
     [[nodiscard]] bool showsPlaceholder(WidgetId id) const;
 
+    /// When what is shown came from the extension, if the extension has failed to give anything
+    /// newer since; nothing while all is well. Changes without a signal: ask when it is wanted.
+    [[nodiscard]] std::optional<system::Date> outdatedSince(WidgetId id) const;
+
     /// What a control shows, as far as is known, or nothing while no answer has come yet. Valid
     /// until `controlChanged` or `bundleChanged`.
     [[nodiscard]] const kit::ControlValue* controlValue(const std::string& kind) const;

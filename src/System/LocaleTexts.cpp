@@ -1,7 +1,10 @@
 #include "System/LocaleTexts.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <unicode/dtptngen.h>
+#include <unicode/reldatefmt.h>
 #include <unicode/smpdtfmt.h>
 #include <utility>
 
@@ -95,6 +98,28 @@ std::string LocaleTexts::weekdayMonthAndDay(Date date) const {
 
 std::string LocaleTexts::shortWeekdayMonthAndDay(Date date) const {
     return formats_->text(formats_->shortWeekdayMonthAndDay, "EEEMMMd", date);
+}
+
+std::string LocaleTexts::timeAgo(Seconds age) const {
+    struct Unit {
+        Seconds length;
+        URelativeDateTimeUnit name;
+    };
+    constexpr std::array units{Unit{86'400, UDAT_REL_UNIT_DAY}, Unit{3'600, UDAT_REL_UNIT_HOUR},
+                               Unit{60, UDAT_REL_UNIT_MINUTE}, Unit{1, UDAT_REL_UNIT_SECOND}};
+    const Seconds past = std::clamp(age, 0.0, farthest);
+    const auto* const found = std::ranges::find_if(
+        units, [&](const Unit& candidate) { return past >= candidate.length; });
+    const Unit& unit = found != units.end() ? *found : units.back();
+    UErrorCode status = U_ZERO_ERROR;
+    icu::UnicodeString text;
+    const icu::RelativeDateTimeFormatter formatter(formats_->locale, status);
+    // A number below zero is past; that zero has a sign as well.
+    formatter.formatNumeric(-std::floor(past / unit.length), unit.name, text, status);
+    if (U_FAILURE(status))
+        fatal(std::string("ICU has no relative dates of this locale: ") + u_errorName(status));
+    std::string utf8;
+    return text.toUTF8String(utf8);
 }
 
 bool isRightToLeft(const std::string& localeId) {

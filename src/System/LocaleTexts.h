@@ -25,6 +25,9 @@ public:
     [[nodiscard]] std::string monthAndDay(Date date) const;              ///< "Oct 9"
     [[nodiscard]] std::string weekdayMonthAndDay(Date date) const;       ///< "Thursday, Oct 9"
     [[nodiscard]] std::string shortWeekdayMonthAndDay(Date date) const;  ///< "Thu, Oct 9"
+    /// How long ago something was, in the largest unit that fits: "12 minutes ago". What is still
+    /// to come counts as just now.
+    [[nodiscard]] std::string timeAgo(Seconds age) const;
 
 private:
     struct Formats;

@@ -2,8 +2,10 @@
 #include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QExposeEvent>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QToolTip>
 #include <QWindow>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -114,6 +116,21 @@ TEST_F(WidgetWindowTest, RedactedWidgetCannotBePressed) {
     click(besideAll);
     EXPECT_TRUE(actions_.empty());
     EXPECT_TRUE(window_.boxes().empty());
+}
+
+TEST_F(WidgetWindowTest, ToolTipIsAskedForEachTimeItAppears) {
+    QString text = "Last updated 1 minute ago";
+    window_.setToolTipSource([&text] { return text; });
+    const auto hover = [this] {
+        QHelpEvent event(QEvent::ToolTip, besideAll, window_.pos() + besideAll);
+        QCoreApplication::sendEvent(&window_, &event);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(hover(), "Last updated 1 minute ago");
+    text = "Last updated 2 minutes ago";
+    EXPECT_EQ(hover(), "Last updated 2 minutes ago");
+    EXPECT_TRUE(QToolTip::isVisible());
+    QToolTip::hideText();
 }
 
 TEST_F(WidgetWindowTest, OtherPointerButtonsPressNothing) {

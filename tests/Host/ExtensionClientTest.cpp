@@ -109,6 +109,59 @@ TEST_F(ExtensionClientTest, StartsAgainOnDemandAfterTheIdleEnd) {
     EXPECT_THAT(bundles_, SizeIs(2)) << "A new process may offer something else";
 }
 
+TEST_F(ExtensionClientTest, AnUpdatedProgramAnswersTheNextRequest) {
+    auto& old = ready();
+    old.isOutdated = true;
+    timers_.advance(1s);
+    EXPECT_EQ(old.ending, std::nullopt) << "Nothing is asked";
+    ask("a");
+    EXPECT_EQ(old.ending, Ending::gently);
+    ASSERT_EQ(launcher_.starts(), 2U);
+    launcher_.last().introduce(bundle);
+    launcher_.last().answer(1, "1");
+    EXPECT_THAT(outcomes_, ElementsAre("a=1"));
+    EXPECT_THAT(log_.lines, ElementsAre(HasSubstr("its program was updated")));
+}
+
+TEST_F(ExtensionClientTest, AnOutdatedProcessFirstAnswersWhatItWasAsked) {
+    auto& old = ready();
+    ask("a");
+    old.isOutdated = true;
+    ask("b");
+    EXPECT_THAT(askedOf(old), ElementsAre("a"));
+    EXPECT_EQ(launcher_.starts(), 1U);
+    old.answer(1, "1");
+    EXPECT_EQ(old.ending, Ending::gently);
+    ASSERT_EQ(launcher_.starts(), 2U);
+    launcher_.last().introduce(bundle);
+    EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("b"));
+    EXPECT_THAT(outcomes_, ElementsAre("a=1"));
+}
+
+TEST_F(ExtensionClientTest, AnOutdatedProcessThatNeverAnswersIsReplacedAllTheSame) {
+    auto& old = ready();
+    ask("a");
+    old.isOutdated = true;
+    ask("b");
+    timers_.advance(5s);
+    EXPECT_EQ(old.ending, Ending::atOnce);
+    timers_.advance(1s);
+    launcher_.last().introduce(bundle);
+    EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("b"));
+}
+
+TEST_F(ExtensionClientTest, AProgramThatIsUpdatedWhileItStartsIsReplacedBeforeItIsAsked) {
+    client_.start();
+    auto& old = launcher_.last();
+    ask("a");
+    old.isOutdated = true;
+    old.introduce(bundle);
+    EXPECT_EQ(old.ending, Ending::gently);
+    EXPECT_THAT(askedOf(old), IsEmpty());
+    launcher_.last().introduce(bundle);
+    EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("a"));
+}
+
 TEST_F(ExtensionClientTest, KillsAProcessThatDoesNotAnswerWithinFiveSeconds) {
     auto& process = ready();
     ask("a");

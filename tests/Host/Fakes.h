@@ -145,6 +145,7 @@ struct FakeProcess {
     ExtensionListener* listener = nullptr;
     std::vector<std::string> written;
     std::optional<Ending> ending;
+    bool isOutdated = false;
 
     void say(std::string_view line) const {
         if (listener != nullptr) {
@@ -207,6 +208,7 @@ private:
     public:
         explicit Handle(FakeProcess& process) : process_(process) {}
         void write(std::string_view line) override { process_.written.emplace_back(line); }
+        [[nodiscard]] bool isOutdated() const override { return process_.isOutdated; }
         void end(Ending ending) override {
             process_.listener = nullptr;
             process_.ending = ending;

@@ -52,30 +52,31 @@ TEST(LineBuffer, ReadsOnAfterThePiecesOfAnOverlongLine) {
 }
 
 TEST(LineBuffer, AnyCutOfTheStreamGivesTheSameLines) {
-    rc::check([](const std::vector<std::string>& texts, const std::vector<std::size_t>& cuts) {
-        std::string stream;
-        std::vector<std::string> expected;
-        for (const auto& text : texts) {
-            const auto line = text.substr(0, text.find('\n'));
-            expected.push_back(line);
-            stream += line + "\n";
-        }
-        LineBuffer buffer(200);
-        std::vector<std::string> lines;
-        for (const auto cut : cuts) {
-            const auto length = cut % (stream.size() + 1);
-            buffer.append(stream.substr(0, length));
-            stream.erase(0, length);
+    EXPECT_TRUE(
+        rc::check([](const std::vector<std::string>& texts, const std::vector<std::size_t>& cuts) {
+            std::string stream;
+            std::vector<std::string> expected;
+            for (const auto& text : texts) {
+                const auto line = text.substr(0, text.find('\n'));
+                expected.push_back(line);
+                stream += line + "\n";
+            }
+            LineBuffer buffer(200);
+            std::vector<std::string> lines;
+            for (const auto cut : cuts) {
+                const auto length = cut % (stream.size() + 1);
+                buffer.append(stream.substr(0, length));
+                stream.erase(0, length);
+                for (auto& line : takeAll(buffer)) {
+                    lines.push_back(std::move(line));
+                }
+            }
+            buffer.append(stream);
             for (auto& line : takeAll(buffer)) {
                 lines.push_back(std::move(line));
             }
-        }
-        buffer.append(stream);
-        for (auto& line : takeAll(buffer)) {
-            lines.push_back(std::move(line));
-        }
-        RC_ASSERT(lines == expected);
-    });
+            RC_ASSERT(lines == expected);
+        }));
 }
 
 }  // namespace

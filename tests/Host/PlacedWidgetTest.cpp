@@ -96,6 +96,21 @@ TEST_F(PlacedWidgetTest, KeepsTheLastGoodTimelineAndTriesAgainLaterWhenOneIsRefu
     EXPECT_EQ(widget_.nextDate(at(101)), at(103));
 }
 
+TEST_F(PlacedWidgetTest, IsOutdatedSinceItsTimelineCameWhenANewerOneCouldNotBeHad) {
+    widget_.refuseTimeline(at(10));
+    EXPECT_EQ(widget_.outdatedSince(), std::nullopt) << "It shows no timeline";
+    static_cast<void>(widget_.takeTimeline(timeline({entry(10, "ten")}), at(15)));
+    EXPECT_EQ(widget_.outdatedSince(), std::nullopt);
+    widget_.refuseTimeline(at(100));
+    EXPECT_EQ(widget_.outdatedSince(), at(15));
+    static_cast<void>(widget_.takeTimeline(timeline({entry(10, "ten")}), at(101)));
+    EXPECT_EQ(widget_.outdatedSince(), std::nullopt);
+    EXPECT_TRUE(widget_.beginReload());
+    EXPECT_EQ(widget_.outdatedSince(), std::nullopt) << "The extension has its time to answer";
+    widget_.continueReload();
+    EXPECT_EQ(widget_.outdatedSince(), at(101));
+}
+
 TEST_F(PlacedWidgetTest, ATimelineThatIsAcceptedEndsTheTrying) {
     widget_.refuseTimeline(at(100));
     widget_.refuseTimeline(at(101));

@@ -1,6 +1,8 @@
 #include <filesystem>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "Host/ProcessLauncher.h"
 #include "tests/Host/EventLoop.h"
@@ -145,6 +147,42 @@ TEST_F(ProcessLauncherTest, GoingAwayLetsAProcessFinishAndLeavesNoneBehind) {
     }
     EXPECT_TRUE(exists("finished"));
     EXPECT_FALSE(std::filesystem::exists(folder));
+}
+
+TEST_F(ProcessLauncherTest, KnowsWhenItsProgramWasReplacedOrRewritten) {
+    const std::string_view waiting = "while read line; do :; done";
+    const auto first = launch(waiting);
+    EXPECT_FALSE(first->isOutdated());
+    std::filesystem::rename(program_, folder_ / "aside");
+    EXPECT_FALSE(first->isOutdated()) << "Its successor is not there yet";
+    const auto second = launch(waiting);
+    EXPECT_TRUE(first->isOutdated());
+    EXPECT_FALSE(second->isOutdated());
+    writeText(program_, "#!/bin/sh\nexit 0\n");
+    EXPECT_TRUE(second->isOutdated());
+    std::filesystem::rename(folder_ / "aside", program_);
+    EXPECT_FALSE(first->isOutdated()) << "The very same is back";
+}
+
+/// In mebibytes.
+std::size_t residentMemory() {
+    std::ifstream statm("/proc/self/statm");
+    std::size_t total = 0;
+    std::size_t resident = 0;
+    statm >> total >> resident;
+    return resident * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE)) >> 20U;
+}
+
+TEST_F(ProcessLauncherTest, KeepsNothingOfWhatIsPrintedAfterTheEnd) {
+    ProcessLauncher launcher(program_, {.ending = 10s}, log_);
+    const auto process =
+        launch(launcher, "echo begun; head -c 300000000 /dev/zero; touch " + pathOf("printed") +
+                             "; head -c 300000000 /dev/zero >&2; touch " + pathOf("shouted"));
+    ASSERT_TRUE(waitUntil([&] { return !listener_.lines.empty(); }));
+    const auto before = residentMemory();
+    process->end(Ending::gently);
+    ASSERT_TRUE(waitUntil([&] { return exists("shouted"); }));
+    EXPECT_LT(residentMemory(), before + 64);
 }
 
 TEST_F(ProcessLauncherTest, StopsReadingAtAnOverlongLine) {

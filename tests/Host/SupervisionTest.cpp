@@ -40,9 +40,10 @@ std::string setDiary(const std::string& path) {
 /// take its time where the machine is busy with other things.
 class SupervisionTest : public testing::Test {
 protected:
-    explicit SupervisionTest(std::chrono::milliseconds answerLimit = 30s)
+    explicit SupervisionTest(std::chrono::milliseconds answerLimit = 30s,
+                             std::chrono::milliseconds idleLimit = 50ms)
         : limits_{.answer = answerLimit,
-                  .idle = 50ms,
+                  .idle = idleLimit,
                   .ending = 500ms,
                   .firstRetry = 20ms,
                   .longestRetry = 200ms} {
@@ -161,6 +162,30 @@ TEST_F(SupervisionTest, SurvivesAFloodOnStandardError) {
     EXPECT_THAT(log_.lines, SizeIs(limits_.errorLines));
 }
 
+TEST_F(SupervisionTest, SurvivesNotificationsWithoutEnd) {
+    EXPECT_TRUE(survives("Notifies", "made too many mistakes"));
+    EXPECT_LT(log_.lines.size(), 200U);
+}
+
+TEST_F(SupervisionTest, SurvivesWishesForUrlsWithoutEnd) {
+    EXPECT_TRUE(survives("Begs", "too many URLs wait to be opened"));
+    EXPECT_TRUE(logged("made too many mistakes"));
+    EXPECT_LT(log_.lines.size(), 200U);
+}
+
+TEST_F(ImpatientSupervisionTest, SurvivesALineWithoutEndOnStandardError) {
+    EXPECT_TRUE(survives("Shouts", "did not answer for the placeholder of Shouts within 1 s"));
+    EXPECT_LT(log_.lines.size(), 200U);
+}
+
+TEST_F(SupervisionTest, WaitsForOneThatIsSlow) {
+    const auto slow = host_.add("Slow", small);
+    const auto good = host_.add("Good", small);
+    EXPECT_TRUE(waitUntil([&] { return shows(slow, "Slow") && shows(good, "Good"); }));
+    EXPECT_THAT(log_.lines, testing::IsEmpty());
+    EXPECT_THAT(diary(), SizeIs(testing::Le(2))) << "It was not replaced for that";
+}
+
 TEST_F(SupervisionTest, TakesLargeAnswers) {
     const auto id = host_.add("Large", small);
     EXPECT_TRUE(waitUntil([&] { return shows(id, std::string(3 << 20, 'x')); }));
@@ -215,6 +240,25 @@ TEST_F(SupervisionTest, UsesAnUpdatedProgramFromTheNextStart) {
     std::filesystem::copy_file(TEST_EXTENSION, update);
     std::filesystem::rename(update, program_);
     EXPECT_TRUE(waitUntil([&] { return logged("extension: answers again"); }));
+}
+
+class PatientSupervisionTest : public SupervisionTest {
+protected:
+    PatientSupervisionTest() : SupervisionTest(30s, 30s) {}
+};
+
+TEST_F(PatientSupervisionTest, UsesAnUpdatedProgramFromTheNextRequest) {
+    const auto update = folder_ / "update";
+    const auto id = host_.add("Good", small);
+    EXPECT_TRUE(waitUntil([&] { return shows(id, "Good"); }));
+    EXPECT_THAT(diary(), ElementsAre("started")) << "It waits for more";
+    writeText(update, "#!/bin/sh\necho new program >&2\nexit 3\n");
+    makeExecutable(update);
+    std::filesystem::rename(update, program_);
+    host_.reloadAll();
+    EXPECT_TRUE(waitUntil([&] { return logged("extension: new program"); }));
+    EXPECT_TRUE(waitUntil([&] { return diary().size() == 2; }));
+    EXPECT_THAT(diary(), ElementsAre("started", "input ended")) << "The old one ended gently";
 }
 
 TEST_F(SupervisionTest, ComesBackWhenAMissingProgramIsThereAgain) {

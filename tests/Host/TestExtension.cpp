@@ -54,6 +54,19 @@ void misbehave(const std::string& kind) {
     } else if (kind == "Flood") {
         while (std::cout << "nonsense\n") {
         }
+    } else if (kind == "Notifies") {
+        while (std::cout << R"({"jsonrpc":"2.0","method":"progress","params":{}})" << '\n') {
+        }
+    } else if (kind == "Begs") {
+        const auto request =
+            kit::encodeRequest({std::nullopt, kit::OpenRequest{"clock://again", false, false}});
+        while (std::cout << request << '\n') {
+        }
+    } else if (kind == "Shouts") {
+        while (std::cerr << "no line feed, ever. ") {
+        }
+    } else if (kind == "Slow") {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
     } else if (kind == "Talkative") {
         for (int count = 0; count < 10'000; ++count) {
             std::cerr << "line " << count << '\n';

@@ -69,7 +69,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return row.param.name; });
 
 TEST(TimelineSchedule, TheSameEntryShowsUntilTheNextChangeAndAnotherThen) {
-    rc::check([](const std::vector<int>& seconds, int now) {
+    EXPECT_TRUE(rc::check([](const std::vector<int>& seconds, int now) {
         RC_PRE(!seconds.empty());
         const auto timeline = timelineAt({seconds.begin(), seconds.end()});
         const auto shown = shownEntryIndex(timeline, at(now));
@@ -84,7 +84,7 @@ TEST(TimelineSchedule, TheSameEntryShowsUntilTheNextChangeAndAnotherThen) {
             RC_ASSERT(*next > at(now));
             RC_ASSERT(shownEntryIndex(timeline, *next) != shown);
         }
-    });
+    }));
 }
 
 TEST(TimelineSchedule, ReloadsAtThePolicysDate) {

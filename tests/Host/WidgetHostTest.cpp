@@ -381,6 +381,26 @@ TEST_F(WidgetHostTest, AsksAnewForWhatADeadExtensionOwes) {
                 ElementsAre("initialize", "timeline Moon", "timeline Clock", "placeholder Moon"));
 }
 
+TEST_F(WidgetHostTest, KnowsSinceWhenAWidgetIsOutdated) {
+    introduce();
+    const auto clock = place("Clock", timeline({entry(900, "good")}));
+    EXPECT_EQ(host_.outdatedSince(clock), std::nullopt);
+    EXPECT_EQ(host_.outdatedSince(clock + 1), std::nullopt);
+    clock_.set(at(2'000));
+    host_.reloadAll();
+    process().die("was ended by signal 9");
+    EXPECT_EQ(shown(clock), "good");
+    EXPECT_EQ(host_.outdatedSince(clock), at(1'000));
+    timers_.advance(1s);
+    introduce();
+    answerLast(timeline({entry(900, "better")}));
+    EXPECT_EQ(shown(clock), "better");
+    EXPECT_EQ(host_.outdatedSince(clock), std::nullopt);
+    host_.reloadAll();
+    process().answer(lastRequest(), "{}");
+    EXPECT_EQ(host_.outdatedSince(clock), at(2'000)) << "What is refused is no update";
+}
+
 TEST_F(WidgetHostTest, OneWidgetThatKillsTheExtensionDoesNotKeepTheOthersFromTheirContent) {
     introduce();
     const auto killer = host_.add("Killer", small);

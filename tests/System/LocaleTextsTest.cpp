@@ -71,6 +71,29 @@ TEST(LocaleTexts, FollowTheHourCycleThatTheLocaleNames) {
     EXPECT_EQ(LocaleTexts("en-US-u-hc-h23", "UTC").shortTime(date), "19:30");
 }
 
+TEST(LocaleTexts, SayHowLongAgoInTheLargestUnitThatFits) {
+    const LocaleTexts english("en", "");
+    EXPECT_EQ(english.timeAgo(-5), "0 seconds ago");
+    EXPECT_EQ(english.timeAgo(0.9), "0 seconds ago");
+    EXPECT_EQ(english.timeAgo(1), "1 second ago");
+    EXPECT_EQ(english.timeAgo(59.9), "59 seconds ago");
+    EXPECT_EQ(english.timeAgo(60), "1 minute ago");
+    EXPECT_EQ(english.timeAgo(12 * 60 + 59), "12 minutes ago");
+    EXPECT_EQ(english.timeAgo(3'600), "1 hour ago");
+    EXPECT_EQ(english.timeAgo(86'399), "23 hours ago");
+    EXPECT_EQ(english.timeAgo(86'400), "1 day ago");
+    EXPECT_EQ(english.timeAgo(400.0 * 86'400), "400 days ago");
+}
+
+TEST(LocaleTexts, SayHowLongAgoWithTheNumbersOfTheLanguage) {
+    EXPECT_EQ(LocaleTexts("de", "").timeAgo(60), "vor 1 Minute");
+    EXPECT_EQ(LocaleTexts("de", "").timeAgo(720), "vor 12 Minuten");
+    const LocaleTexts arabic("ar", "");
+    EXPECT_EQ(arabic.timeAgo(120), "قبل دقيقتين");
+    EXPECT_EQ(arabic.timeAgo(180), "قبل ٣ دقائق");
+    EXPECT_EQ(arabic.timeAgo(720), "قبل ١٢ دقيقة");
+}
+
 TEST(LocaleTexts, KnowTheDirectionOfTheScript) {
     EXPECT_TRUE(isRightToLeft("ar_EG"));
     EXPECT_TRUE(isRightToLeft("he_IL"));
