@@ -48,6 +48,11 @@ const PlacedWidget* ContentKeeper::find(WidgetId id) const {
     return widget != widgets_.end() ? &widget->second : nullptr;
 }
 
+std::optional<system::Date> ContentKeeper::outdatedSince(WidgetId id) const {
+    const auto* const widget = find(id);
+    return widget != nullptr ? widget->outdatedSince(parts_.clock.now()) : std::nullopt;
+}
+
 void ContentKeeper::reload(const std::string& kind) {
     for (const auto& [id, widget] : widgets_) {
         if (widget.kind() == kind) {
@@ -86,7 +91,7 @@ void ContentKeeper::update(WidgetId id) {
 
 void ContentKeeper::beginReload(WidgetId id) {
     auto& widget = widgets_.at(id);
-    if (!widget.beginReload()) {
+    if (!widget.beginReload(parts_.clock.now())) {
         return;
     }
     if (!widget.hasTimeline()) {

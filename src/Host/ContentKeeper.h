@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,8 @@ public:
     void setEnvironment(WidgetId id, const kit::Environment& environment);
     void remove(WidgetId id);
     [[nodiscard]] const PlacedWidget* find(WidgetId id) const;
+    /// As PlacedWidget has it, now.
+    [[nodiscard]] std::optional<system::Date> outdatedSince(WidgetId id) const;
 
     void reload(const std::string& kind);
     void reloadAll();

@@ -19,8 +19,16 @@ std::string PlacedWidget::name() const {
     return kind_ + " (" + std::string(kit::nameOf(environment_.family)) + ")";
 }
 
-bool PlacedWidget::beginReload() {
+std::optional<system::Date> PlacedWidget::outdatedSince(system::Date now) const {
+    const bool isOverdue = isReloading_ && now - reloadBegan_ > inSeconds(limits_.answer);
+    return isOutdated_ || isOverdue ? timelineCame_ : std::nullopt;
+}
+
+bool PlacedWidget::beginReload(system::Date now) {
     reloadAt_.reset();
+    if (!isReloading_) {
+        reloadBegan_ = now;
+    }
     isReloadWanted_ = isReloading_;
     return !std::exchange(isReloading_, true);
 }

@@ -33,14 +33,13 @@ public:
     [[nodiscard]] bool hasTimeline() const { return timeline_.has_value(); }
     [[nodiscard]] bool showsPlaceholder() const { return shown_ && !timeline_; }
 
-    /// When the timeline came, if a newer one could not be had since.
-    [[nodiscard]] std::optional<system::Date> outdatedSince() const {
-        return isOutdated_ ? timelineCame_ : std::nullopt;
-    }
+    /// When the timeline came, if a newer one could not be had since, or has been owed for longer
+    /// than an answer may take.
+    [[nodiscard]] std::optional<system::Date> outdatedSince(system::Date now) const;
 
     /// Whether a timeline is to be asked for now. While one is outstanding it is not, but another
     /// follows once that has come: it may have been made too early to know what happened.
-    [[nodiscard]] bool beginReload();
+    [[nodiscard]] bool beginReload(system::Date now);
     /// A reload that failed for want of an extension goes on with another request.
     void continueReload() {
         isReloadWanted_ = false;
@@ -76,6 +75,7 @@ private:
     std::optional<kit::Entry> shown_;
     std::optional<system::Date> reloadAt_;
     std::map<kit::EntryKind, std::string> faults_;  ///< Since the last good timeline.
+    system::Date reloadBegan_;
     bool isReloading_ = false;
     bool isReloadWanted_ = false;
     bool isOutdated_ = false;  ///< Since the last reload failed.

@@ -168,8 +168,7 @@ bool WidgetHost::showsPlaceholder(WidgetId id) const {
 }
 
 std::optional<system::Date> WidgetHost::outdatedSince(WidgetId id) const {
-    const auto* const widget = state_->keeper().find(id);
-    return widget != nullptr ? widget->outdatedSince() : std::nullopt;
+    return state_->keeper().outdatedSince(id);
 }
 
 const kit::ControlValue* WidgetHost::controlValue(const std::string& kind) const {

@@ -98,17 +98,20 @@ TEST_F(PlacedWidgetTest, KeepsTheLastGoodTimelineAndTriesAgainLaterWhenOneIsRefu
 
 TEST_F(PlacedWidgetTest, IsOutdatedSinceItsTimelineCameWhenANewerOneCouldNotBeHad) {
     widget_.refuseTimeline(at(10));
-    EXPECT_EQ(widget_.outdatedSince(), std::nullopt) << "It shows no timeline";
+    EXPECT_EQ(widget_.outdatedSince(at(103)), std::nullopt) << "It shows no timeline";
     static_cast<void>(widget_.takeTimeline(timeline({entry(10, "ten")}), at(15)));
-    EXPECT_EQ(widget_.outdatedSince(), std::nullopt);
+    EXPECT_EQ(widget_.outdatedSince(at(103)), std::nullopt);
     widget_.refuseTimeline(at(100));
-    EXPECT_EQ(widget_.outdatedSince(), at(15));
+    EXPECT_EQ(widget_.outdatedSince(at(103)), at(15));
     static_cast<void>(widget_.takeTimeline(timeline({entry(10, "ten")}), at(101)));
-    EXPECT_EQ(widget_.outdatedSince(), std::nullopt);
-    EXPECT_TRUE(widget_.beginReload());
-    EXPECT_EQ(widget_.outdatedSince(), std::nullopt) << "The extension has its time to answer";
+    EXPECT_EQ(widget_.outdatedSince(at(103)), std::nullopt);
+    EXPECT_TRUE(widget_.beginReload(at(102)));
+    EXPECT_EQ(widget_.outdatedSince(at(103)), std::nullopt)
+        << "The extension has its time to answer";
+    EXPECT_EQ(widget_.outdatedSince(at(107)), std::nullopt);
+    EXPECT_EQ(widget_.outdatedSince(at(108)), at(101)) << "It never even got to be asked";
     widget_.continueReload();
-    EXPECT_EQ(widget_.outdatedSince(), at(101));
+    EXPECT_EQ(widget_.outdatedSince(at(103)), at(101));
 }
 
 TEST_F(PlacedWidgetTest, ATimelineThatIsAcceptedEndsTheTrying) {
@@ -132,17 +135,17 @@ TEST_F(PlacedWidgetTest, AFaultIsNewsUntilAGoodTimelineComes) {
 }
 
 TEST_F(PlacedWidgetTest, AsksOnceMoreForAllThatHappenedWhileATimelineWasOutstanding) {
-    EXPECT_TRUE(widget_.beginReload());
-    EXPECT_FALSE(widget_.beginReload());
-    EXPECT_FALSE(widget_.beginReload());
+    EXPECT_TRUE(widget_.beginReload(at(102)));
+    EXPECT_FALSE(widget_.beginReload(at(102)));
+    EXPECT_FALSE(widget_.beginReload(at(102)));
     EXPECT_TRUE(widget_.endReload());
-    EXPECT_TRUE(widget_.beginReload());
+    EXPECT_TRUE(widget_.beginReload(at(102)));
     EXPECT_FALSE(widget_.endReload());
 }
 
 TEST_F(PlacedWidgetTest, ARequestThatIsMadeAnewCoversWhatWasWantedMeanwhile) {
-    EXPECT_TRUE(widget_.beginReload());
-    EXPECT_FALSE(widget_.beginReload());
+    EXPECT_TRUE(widget_.beginReload(at(102)));
+    EXPECT_FALSE(widget_.beginReload(at(102)));
     widget_.continueReload();
     EXPECT_FALSE(widget_.endReload());
 }
@@ -150,7 +153,7 @@ TEST_F(PlacedWidgetTest, ARequestThatIsMadeAnewCoversWhatWasWantedMeanwhile) {
 TEST_F(PlacedWidgetTest, AskingForAnotherReasonSparesTheDateOfThePolicy) {
     static_cast<void>(
         widget_.takeTimeline(timeline({entry(10, "ten")}, kit::ReloadAfter{at(50)}), at(15)));
-    EXPECT_TRUE(widget_.beginReload());
+    EXPECT_TRUE(widget_.beginReload(at(102)));
     EXPECT_FALSE(widget_.takeReloadDue(at(50)));
 }
 
