@@ -95,6 +95,14 @@ int showDesktop(Ground& ground, const Options& options, host::Log& log) {
     const auto end = [] { QApplication::exit(0); };
     QObject::connect(&desktop, &Desktop::quitRequested, qApp, end, Qt::QueuedConnection);
     QObject::connect(&tray, &TrayIcon::quitRequested, qApp, end, Qt::QueuedConnection);
+    QObject::connect(&tray, &TrayIcon::galleryRequested, &desktop, &Desktop::showGallery);
+    // Without the tray there would be nothing left to take hold of.
+    const auto endUnlessInTray = [&tray, end] {
+        if (!tray.isShown()) {
+            end();
+        }
+    };
+    QObject::connect(&desktop, &Desktop::emptied, qApp, endUnlessInTray, Qt::QueuedConnection);
     const Termination termination(end);
     const int status = QApplication::exec();
     desktop.save();
@@ -113,7 +121,8 @@ std::vector<WidgetPlace> placesInPicture(const Options& options,
     std::vector<WidgetPlace> places =
         arrangement ? arrangement->widgets : std::vector<WidgetPlace>();
     for (const Addition& addition : options.additions) {
-        places.push_back(freshPlace(addition.kind, addition.family, places, screens));
+        places.push_back(
+            freshPlace(addition.kind, addition.family, places, screens, screens.front()));
     }
     return places;
 }

@@ -2,8 +2,8 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 #include <cmath>
+#include <initializer_list>
 #include <optional>
 
 namespace kelmar::desktop {
@@ -16,18 +16,30 @@ QString toQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+QJsonObject encodeScreen(const ScreenIdentity& identity) {
+    const QRect& geometry = identity.geometry;
+    QJsonObject screen{{"name", toQString(identity.name)},
+                       {"x", geometry.x()},
+                       {"y", geometry.y()},
+                       {"width", geometry.width()},
+                       {"height", geometry.height()}};
+    if (!identity.model.empty()) {
+        screen.insert("model", toQString(identity.model));
+    }
+    if (!identity.serialNumber.empty()) {
+        screen.insert("serialNumber", toQString(identity.serialNumber));
+    }
+    return screen;
+}
+
 QJsonObject encodeWidget(const WidgetPlace& widget) {
-    const QRect& geometry = widget.screen.geometry;
-    const QJsonObject screen{{"name", toQString(widget.screen.name)},
-                             {"x", geometry.x()},
-                             {"y", geometry.y()},
-                             {"width", geometry.width()},
-                             {"height", geometry.height()}};
-    return {{"kind", toQString(widget.kind)},
-            {"family", toQString(kit::nameOf(widget.family))},
-            {"screen", screen},
-            {"x", widget.position.x()},
-            {"y", widget.position.y()}};
+    QJsonObject json = widget.unknown;
+    json.insert("kind", toQString(widget.kind));
+    json.insert("family", toQString(kit::nameOf(widget.family)));
+    json.insert("screen", encodeScreen(widget.screen));
+    json.insert("x", widget.position.x());
+    json.insert("y", widget.position.y());
+    return json;
 }
 
 /// Reads the members of one object and remembers the first that is not what it must be.
@@ -43,12 +55,24 @@ public:
         return value.toString().toStdString();
     }
 
+    std::string textOrNone(const char* key) {
+        return object_.contains(QLatin1String(key)) ? text(key) : std::string();
+    }
+
+    bool flagOrFalse(const char* key) {
+        const QJsonValue value = object_.value(QLatin1String(key));
+        if (!value.isBool() && !value.isUndefined()) {
+            complain(key, "is neither true nor false");
+        }
+        return value.toBool();
+    }
+
     int integer(const char* key) {
         const QJsonValue value = object_.value(QLatin1String(key));
         const double number = value.toDouble();
         // Far beyond any screen, and well inside what sums of two of them may reach.
         if (!value.isDouble() || number != std::floor(number) || std::abs(number) > 1e6) {
-            complain(key, "is not an integer that a screen could have");
+            complain(key, "is not a reasonable integer");
             return 0;
         }
         return static_cast<int>(number);
@@ -79,6 +103,15 @@ public:
         return value.toArray();
     }
 
+    /// The members but for those of these keys.
+    [[nodiscard]] QJsonObject without(std::initializer_list<const char*> keys) const {
+        QJsonObject rest = object_;
+        for (const char* key : keys) {
+            rest.remove(QLatin1String(key));
+        }
+        return rest;
+    }
+
     void complain(std::string_view key, std::string_view what) {
         if (problem_.empty()) {
             problem_ = std::string("\"").append(key).append("\" ").append(what);
@@ -94,7 +127,9 @@ ScreenIdentity decodeScreen(const QJsonObject& json, std::string& problem) {
     Reader reader(json, problem);
     return {.name = reader.text("name"),
             .geometry = {reader.integer("x"), reader.integer("y"), reader.integer("width"),
-                         reader.integer("height")}};
+                         reader.integer("height")},
+            .model = reader.textOrNone("model"),
+            .serialNumber = reader.textOrNone("serialNumber")};
 }
 
 WidgetPlace decodeWidget(const QJsonObject& json, std::string& problem) {
@@ -102,7 +137,8 @@ WidgetPlace decodeWidget(const QJsonObject& json, std::string& problem) {
     return {.kind = reader.text("kind"),
             .family = reader.named("family", kit::familyNamed),
             .screen = decodeScreen(reader.object("screen"), problem),
-            .position = {reader.integer("x"), reader.integer("y")}};
+            .position = {reader.integer("x"), reader.integer("y")},
+            .unknown = reader.without({"kind", "family", "screen", "x", "y"})};
 }
 
 }  // namespace
@@ -112,11 +148,12 @@ QByteArray encodeArrangement(const Arrangement& arrangement) {
     for (const WidgetPlace& widget : arrangement.widgets) {
         widgets.append(encodeWidget(widget));
     }
-    return QJsonDocument(
-               QJsonObject{{"version", formatVersion},
-                           {"renderingMode", toQString(kit::nameOf(arrangement.renderingMode))},
-                           {"widgets", widgets}})
-        .toJson(QJsonDocument::Indented);
+    QJsonObject json = arrangement.unknown;
+    json.insert("version", formatVersion);
+    json.insert("renderingMode", toQString(kit::nameOf(arrangement.renderingMode)));
+    json.insert("locked", arrangement.lock == ArrangementLock::locked);
+    json.insert("widgets", widgets);
+    return QJsonDocument(json).toJson(QJsonDocument::Indented);
 }
 
 system::Result<Arrangement> decodeArrangement(const QByteArray& json) {
@@ -129,11 +166,14 @@ system::Result<Arrangement> decodeArrangement(const QByteArray& json) {
     }
     std::string problem;
     Reader reader(document.object(), problem);
-    if (reader.integer("version") != formatVersion) {
-        reader.complain("version", "is not one that this program knows");
+    if (const int version = reader.integer("version"); version != formatVersion) {
+        reader.complain("version", version > formatVersion ? "is that of a later program"
+                                                           : "is not one that this program knows");
     }
-    Arrangement arrangement{.renderingMode = reader.named("renderingMode", kit::renderingModeNamed),
-                            .widgets = {}};
+    Arrangement arrangement{
+        .renderingMode = reader.named("renderingMode", kit::renderingModeNamed),
+        .lock = reader.flagOrFalse("locked") ? ArrangementLock::locked : ArrangementLock::open,
+        .unknown = reader.without({"version", "renderingMode", "locked", "widgets"})};
     for (const QJsonValue widget : reader.array("widgets")) {
         arrangement.widgets.push_back(decodeWidget(widget.toObject(), problem));
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QJsonObject>
 #include <QPoint>
 #include <QRect>
 #include <string>
@@ -12,11 +13,14 @@
 /// What the user has put on the desktop, as it is kept from one session to the next.
 namespace kelmar::desktop {
 
-/// By what a screen is known again: its connector's name, and its geometry to tell two screens
-/// apart that were plugged into the same connector one after the other.
+/// By what a screen is known again: the device itself where it says what it is, else its
+/// connector's name, and its geometry to tell two screens apart that were plugged into the same
+/// connector one after the other.
 struct ScreenIdentity {
     std::string name;
     QRect geometry;
+    std::string model = {};         ///< Empty where the screen does not tell.
+    std::string serialNumber = {};  ///< Empty where the screen does not tell.
 
     friend bool operator==(const ScreenIdentity&, const ScreenIdentity&) = default;
 };
@@ -28,13 +32,19 @@ struct WidgetPlace {
     kit::Family family = kit::Family::medium;
     ScreenIdentity screen;
     QPoint position;  ///< Of the top left corner, from the screen's top left corner, in points.
+    QJsonObject unknown = {};  ///< What a later program wrote beside this; kept as it is.
 
     friend bool operator==(const WidgetPlace&, const WidgetPlace&) = default;
 };
 
+/// Whether the widgets may be moved, resized and removed.
+enum class ArrangementLock { open, locked };
+
 struct Arrangement {
     kit::RenderingMode renderingMode = kit::RenderingMode::fullColor;
-    std::vector<WidgetPlace> widgets;  ///< Back to front.
+    ArrangementLock lock = ArrangementLock::open;
+    std::vector<WidgetPlace> widgets = {};  ///< Back to front.
+    QJsonObject unknown = {};  ///< What a later program wrote beside this; kept as it is.
 
     friend bool operator==(const Arrangement&, const Arrangement&) = default;
 };

@@ -51,14 +51,26 @@ void ArrangementFile::save(const Arrangement& arrangement) {
     if (!mayReplace_) {
         return;
     }
-    QDir().mkpath(QFileInfo(path_).path());
-    QSaveFile file(path_);
-    const QByteArray json = encodeArrangement(arrangement);
-    if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.commit()) {
+    const QString trouble = write(encodeArrangement(arrangement));
+    if (!trouble.isEmpty() && trouble != trouble_) {
         log_.write(host::LogLevel::warning,
                    fmt::format("The arrangement could not be saved in {}: {}", path_.toStdString(),
-                               file.errorString().toStdString()));
+                               trouble.toStdString()));
     }
+    trouble_ = trouble;
+}
+
+/// Why it failed, or nothing.
+QString ArrangementFile::write(const QByteArray& json) const {
+    if (!QDir().mkpath(QFileInfo(path_).path())) {
+        return "its folder could not be made";
+    }
+    QSaveFile file(path_);
+    // QSaveFile overlooks what fails while its buffer is emptied, and would put half a file in
+    // place.
+    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(json) == json.size() &&
+                           file.flush() && file.commit();
+    return isWritten ? QString() : file.errorString();
 }
 
 void ArrangementFile::setAside(const std::string& reason) {

@@ -22,15 +22,17 @@ public:
     /// and counts as none.
     [[nodiscard]] std::optional<Arrangement> load();
     /// Replaces the file as a whole, so that a crash or a full disk leaves the old one. Never
-    /// replaces one that could be neither read nor set aside.
+    /// replaces one that could be neither read nor set aside. A trouble that lasts is logged once.
     void save(const Arrangement& arrangement);
 
 private:
     void setAside(const std::string& reason);
+    [[nodiscard]] QString write(const QByteArray& json) const;
 
     QString path_;
     host::Log& log_;
     bool mayReplace_ = true;
+    QString trouble_;  ///< Why the last saving failed; empty if it did not.
 };
 
 }  // namespace kelmar::desktop

@@ -1,5 +1,6 @@
 #include "Desktop/Desktop.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 #include <QMenu>
 #include <algorithm>
@@ -10,6 +11,7 @@
 #include "Desktop/LastUpdate.h"
 #include "Desktop/Screens.h"
 #include "Desktop/WidgetMenu.h"
+#include "Desktop/WindowColors.h"
 #include "Kit/Metrics.h"
 
 namespace kelmar::desktop {
@@ -28,34 +30,64 @@ const kit::DrawnEntry emptyCard{
 
 }  // namespace
 
-Desktop::Desktop(const DesktopParts& parts, const Options& options) : parts_(parts) {
-    const std::optional<Arrangement> arrangement = parts_.arrangementFile.load();
-    // A desktop without any widget would leave nothing to take hold of.
-    isFirstStart_ = (!arrangement || arrangement->widgets.empty()) && options.additions.empty();
-    const kit::RenderingMode keptMode =
-        arrangement ? arrangement->renderingMode : kit::RenderingMode::fullColor;
-    parts_.look.setRenderingMode(options.renderingMode.value_or(keptMode));
+Desktop::Desktop(const DesktopParts& parts, const Options& options)
+    : parts_(parts), removals_({parts.look, parts.compositor, parts.texts}) {
+    const std::optional<Arrangement> kept = parts_.arrangementFile.load();
+    isFirstStart_ = !kept && options.additions.empty();
+    const Arrangement arrangement = kept.value_or(Arrangement{});
+    lock_ = arrangement.lock;
+    unknown_ = arrangement.unknown;
+    parts_.look.setRenderingMode(options.renderingMode.value_or(arrangement.renderingMode));
     followSurroundings();
-    if (arrangement) {
-        addAll(arrangement->widgets);
-    }
+    addAll(arrangement.widgets);
     for (const Addition& addition : options.additions) {
-        addFresh(addition.kind, addition.family);
+        addFresh(addition.kind, addition.family, currentScreens().front().visible.center());
     }
     if (parts_.host.bundle()) {
         takeBundle();
     }
+    // A desktop without any widget would leave nothing to take hold of.
+    if (shown_.empty() && !isFirstStart_) {
+        showGallery();
+    }
 }
 
-Desktop::~Desktop() = default;
+Desktop::~Desktop() {
+    delete gallery_;
+}
 
 void Desktop::save() const {
     if (isFirstStart_) {
         return;  // Nothing is there yet, and a file would keep it that way.
     }
-    Arrangement arrangement{.renderingMode = parts_.look.renderingMode(), .widgets = places()};
+    Arrangement arrangement{.renderingMode = parts_.look.renderingMode(),
+                            .lock = lock_,
+                            .widgets = places(),
+                            .unknown = unknown_};
     arrangement.widgets.insert(arrangement.widgets.end(), notOffered_.begin(), notOffered_.end());
     parts_.arrangementFile.save(arrangement);
+}
+
+void Desktop::showGallery() {
+    const std::vector<ScreenArea> screens = currentScreens();
+    const QRect visible = screenAt(QCursor::pos(), screens).visible;
+    if (!gallery_) {
+        gallery_ = new GalleryWindow({.host = parts_.host,
+                                      .look = parts_.look,
+                                      .compositor = parts_.compositor,
+                                      .clock = parts_.clock,
+                                      .texts = parts_.texts,
+                                      .direction = parts_.direction,
+                                      .dragRule = dragRule(std::nullopt)});
+        connect(gallery_, &GalleryWindow::chosen, this,
+                [this](const std::string& kind, kit::Family family) {
+                    addFresh(kind, family, gallery_->frameGeometry().center());
+                });
+        connect(gallery_, &GalleryWindow::dropped, this, &Desktop::addDropped);
+        // Once it is gone for good.
+        connect(gallery_, &QObject::destroyed, this, &Desktop::tellIfEmpty);
+    }
+    gallery_->present(visible);
 }
 
 void Desktop::followSurroundings() {
@@ -64,6 +96,8 @@ void Desktop::followSurroundings() {
     connect(&parts_.look, &Look::changed, this, &Desktop::takeLook);
     connect(&parts_.compositor, &Compositor::changed, this, &Desktop::takeLook);
     connect(&screenWatch_, &ScreenWatch::changed, this, &Desktop::putWindowsInPlace);
+    connect(&removals_, &Removals::undone, this, &Desktop::bringBack);
+    connect(&removals_, &Removals::offerExpired, this, &Desktop::tellIfEmpty);
 }
 
 void Desktop::takeBundle() {
@@ -119,28 +153,46 @@ void Desktop::add(const WidgetPlace& place) {
     WidgetWindow& window = *shown.window;
     connectWindow(id, window);
     window.setName(nameOf(place.kind));
+    window.setDragRule(dragRuleUnlessLocked(id));
     dress(window);
     showContent(id);
     window.move(shownGeometry(place, currentScreens()).topLeft());
     window.show();
 }
 
-void Desktop::addFresh(const std::string& kind, kit::Family family) {
-    add(freshPlace(kind, family, places(), currentScreens()));
+void Desktop::addFresh(const std::string& kind, kit::Family family, QPoint near) {
+    const std::vector<ScreenArea> screens = currentScreens();
+    add(freshPlace(kind, family, places(), screens, screenAt(near, screens)));
+    save();
+}
+
+void Desktop::addDropped(const std::string& kind, kit::Family family, QPoint position) {
+    add(movedTo(position, {.kind = kind, .family = family, .screen = {}, .position = {}},
+                currentScreens()));
     save();
 }
 
 void Desktop::remove(host::WidgetId id) {
     parts_.host.remove(id);
     // The window's own menu asked for this and is still at work.
-    WidgetWindow* window = shown_.at(id).window.release();
+    Shown& shown = shown_.at(id);
+    WidgetWindow* window = shown.window.release();
     window->disconnect(this);
     window->hide();
     window->deleteLater();
+    removals_.add(shown.place, nameOf(shown.place.kind).toStdString(), currentScreens());
     shown_.erase(id);
     save();
-    if (shown_.empty()) {
-        emit quitRequested();
+}
+
+void Desktop::bringBack(const WidgetPlace& place) {
+    add(place);
+    save();
+}
+
+void Desktop::tellIfEmpty() {
+    if (shown_.empty() && notOffered_.empty() && !removals_.areOffered() && !gallery_) {
+        emit emptied();
     }
 }
 
@@ -212,22 +264,26 @@ void Desktop::popUpMenu(host::WidgetId id, QPoint position) {
     const Shown& shown = shown_.at(id);
     auto* menu = new QMenu(shown.window.get());
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    fillWidgetMenu(
-        *menu,
-        {.bundle = parts_.host.bundle().value_or(kit::Bundle{}),
-         .kind = shown.place.kind,
-         .family = shown.place.family,
-         .renderingMode = parts_.look.renderingMode()},
-        {.resize = [this, id](kit::Family family) { resize(id, family); },
-         .remove = [this, id] { remove(id); },
-         .add = [this](const std::string& kind, kit::Family family) { addFresh(kind, family); },
-         .setRenderingMode =
-             [this](kit::RenderingMode mode) {
-                 parts_.look.setRenderingMode(mode);
-                 save();
-             },
-         .quit = [this] { emit quitRequested(); }},
-        parts_.texts);
+    menu->setPalette(menuColors(parts_.look.appearance()));
+    const auto undoRemoval = [this] { removals_.undoLatest(); };
+    fillWidgetMenu(*menu,
+                   {.bundle = parts_.host.bundle().value_or(kit::Bundle{}),
+                    .kind = shown.place.kind,
+                    .family = shown.place.family,
+                    .lock = lock_,
+                    .renderingMode = parts_.look.renderingMode()},
+                   {.resize = [this, id](kit::Family family) { resize(id, family); },
+                    .remove = [this, id] { remove(id); },
+                    .undoRemoval = removals_.areEmpty() ? std::function<void()>() : undoRemoval,
+                    .showGallery = [this] { showGallery(); },
+                    .setLock = [this](ArrangementLock lock) { setLock(lock); },
+                    .setRenderingMode =
+                        [this](kit::RenderingMode mode) {
+                            parts_.look.setRenderingMode(mode);
+                            save();
+                        },
+                    .quit = [this] { emit quitRequested(); }},
+                   parts_.texts);
     new ControlEntries(*menu, parts_.host, menu->palette().color(QPalette::WindowText));
     menu->popup(position);
 }
@@ -242,11 +298,35 @@ void Desktop::run(const layout::Action& action) {
         action);
 }
 
+void Desktop::setLock(ArrangementLock lock) {
+    lock_ = lock;
+    for (const auto& [id, shown] : shown_) {
+        shown.window->setDragRule(dragRuleUnlessLocked(id));
+    }
+    save();
+}
+
 std::vector<WidgetPlace> Desktop::places() const {
     std::vector<WidgetPlace> places;
     std::transform(shown_.begin(), shown_.end(), std::back_inserter(places),
                    [](const auto& entry) { return entry.second.place; });
     return places;
+}
+
+DragRule Desktop::dragRule(std::optional<host::WidgetId> dragged) const {
+    return [this, dragged](const QRect& wanted, QPoint pointer) {
+        std::vector<WidgetPlace> others;
+        for (const auto& [id, shown] : shown_) {
+            if (id != dragged) {
+                others.push_back(shown.place);
+            }
+        }
+        return restingPlace(wanted, pointer, others, currentScreens());
+    };
+}
+
+DragRule Desktop::dragRuleUnlessLocked(host::WidgetId id) const {
+    return lock_ == ArrangementLock::open ? dragRule(id) : DragRule();
 }
 
 kit::Environment Desktop::environment(kit::Family family) const {

@@ -18,11 +18,10 @@ kit::Family familyLike(kit::Family wish, const std::vector<kit::Family>& offered
 
 WidgetPlace freshPlace(const std::string& kind, kit::Family family,
                        const std::vector<WidgetPlace>& others,
-                       const std::vector<ScreenArea>& screens) {
+                       const std::vector<ScreenArea>& screens, const ScreenArea& screen) {
     std::vector<QRect> taken;
     std::transform(others.begin(), others.end(), std::back_inserter(taken),
                    [&](const WidgetPlace& other) { return shownGeometry(other, screens); });
-    const ScreenArea& screen = screens.front();
     const QPoint place = freePlace(windowSize(family), screen.visible, taken);
     return {.kind = kind,
             .family = family,
@@ -35,8 +34,8 @@ std::vector<WidgetPlace> firstWidgets(const kit::Bundle& bundle,
     const kit::Family wish = bundle.widgets.size() == 1 ? kit::Family::large : kit::Family::medium;
     std::vector<WidgetPlace> places;
     for (const kit::WidgetDescriptor& widget : bundle.widgets) {
-        places.push_back(
-            freshPlace(widget.kind, familyLike(wish, widget.families), places, screens));
+        places.push_back(freshPlace(widget.kind, familyLike(wish, widget.families), places, screens,
+                                    screens.front()));
     }
     return places;
 }

@@ -11,6 +11,9 @@ ScreenWatch::ScreenWatch(QObject* parent) : QObject(parent) {
             Qt::QueuedConnection);
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &ScreenWatch::changed,
             Qt::QueuedConnection);
+    // What has lost its own screen is shown on the primary one.
+    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &ScreenWatch::changed,
+            Qt::QueuedConnection);
     for (const QScreen* screen : QGuiApplication::screens()) {
         follow(screen);
     }

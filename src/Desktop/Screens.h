@@ -17,10 +17,14 @@ struct ScreenArea {
 /// The screens of the session, the primary one first; never empty.
 [[nodiscard]] std::vector<ScreenArea> currentScreens();
 
-/// Which of `screens` the widget belongs on: its own, known by name and geometry; else the one of
-/// its name, whose resolution has changed; else the first.
+/// Which of `screens` the widget belongs on: its own device, wherever it is plugged in; else the
+/// one of its name and geometry; else the one of its name, whose resolution has changed; else the
+/// first.
 [[nodiscard]] const ScreenArea& screenOf(const WidgetPlace& widget,
                                          const std::vector<ScreenArea>& screens);
+
+/// The screen that holds a point, else the one nearest to it.
+[[nodiscard]] const ScreenArea& screenAt(QPoint point, const std::vector<ScreenArea>& screens);
 
 /// Where the widget's window stands while the screens are these: at its place, as far as all of it
 /// is visible there.

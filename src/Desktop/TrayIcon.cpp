@@ -20,8 +20,11 @@ const QColor defaultCard(0x4F, 0x46, 0xE5);
 }  // namespace
 
 TrayIcon::TrayIcon(const Parts& parts) : parts_(parts) {
-    menu_.addAction(escapedForMenu(QString::fromStdString(parts_.texts.text("Quit"))), this,
-                    &TrayIcon::quitRequested);
+    const auto word = [this](std::string_view key) {
+        return escapedForMenu(QString::fromStdString(parts_.texts.text(key)));
+    };
+    menu_.addAction(word("Add widgets…"), this, &TrayIcon::galleryRequested);
+    menu_.addAction(word("Quit"), this, &TrayIcon::quitRequested);
     controls_ = new ControlEntries(menu_, parts_.host, ink);
     connect(&watch_, &TrayWatch::found, this, &TrayIcon::appear);
     connect(&watch_, &TrayWatch::missing, this, &TrayIcon::tellThereIsNone);

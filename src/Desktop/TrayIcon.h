@@ -33,8 +33,11 @@ public:
     ~TrayIcon() override;
 
     [[nodiscard]] const QMenu& menu() const { return menu_; }
+    /// Whether there is a tray that it is in.
+    [[nodiscard]] bool isShown() const { return icon_ != nullptr; }
 
 signals:
+    void galleryRequested();
     void quitRequested();
 
 private:

@@ -5,35 +5,11 @@
 #include <algorithm>
 
 #include "Desktop/MenuText.h"
-#include "System/Fatal.h"
+#include "Desktop/WidgetWords.h"
 
 namespace kelmar::desktop {
 
 namespace {
-
-std::string_view wordFor(kit::Family family) {
-    switch (family) {
-        case kit::Family::small:
-            return "Small";
-        case kit::Family::medium:
-            return "Medium";
-        case kit::Family::large:
-            return "Large";
-    }
-    system::fatal("a widget family beyond the enumeration");
-}
-
-std::string_view wordFor(kit::RenderingMode mode) {
-    switch (mode) {
-        case kit::RenderingMode::fullColor:
-            return "Full colour";
-        case kit::RenderingMode::accented:
-            return "Accented";
-        case kit::RenderingMode::vibrant:
-            return "Vibrant";
-    }
-    system::fatal("a rendering mode beyond the enumeration");
-}
 
 /// Builds the parts of the menu; texts are escaped, since "&" marks a shortcut there.
 class MenuFiller {
@@ -55,21 +31,26 @@ public:
                 menu.addAction(word(wordFor(family)), &menu,
                                [resize = actions_.resize, family] { resize(family); });
             addToChoice(*choice, *action, family == state_.family);
+            action->setEnabled(isOpen());
         }
         menu.addSeparator();
     }
 
-    void addWidgets(QMenu& menu) const {
-        QMenu* add = menu.addMenu(word("Add widget"));
-        for (const kit::WidgetDescriptor& widget : state_.bundle.widgets) {
-            QMenu* sizes = add->addMenu(escaped(widget.displayName));
-            for (const kit::Family family : widget.families) {
-                sizes->addAction(
-                    word(wordFor(family)), sizes,
-                    [add = actions_.add, kind = widget.kind, family] { add(kind, family); });
-            }
+    void addRemoval(QMenu& menu) const {
+        QAction* remove = menu.addAction(word("Remove widget"), &menu, actions_.remove);
+        remove->setEnabled(isOpen());
+        if (actions_.undoRemoval) {
+            menu.addAction(word("Undo removal"), &menu, actions_.undoRemoval);
         }
-        add->setEnabled(!add->isEmpty());
+    }
+
+    void addLock(QMenu& menu) const {
+        QAction* lock = menu.addAction(
+            word("Lock arrangement"), &menu, [set = actions_.setLock, isOpen = isOpen()] {
+                set(isOpen ? ArrangementLock::locked : ArrangementLock::open);
+            });
+        lock->setCheckable(true);
+        lock->setChecked(!isOpen());
     }
 
     void addRenderingModes(QMenu& menu) const {
@@ -87,6 +68,8 @@ public:
     }
 
 private:
+    [[nodiscard]] bool isOpen() const { return state_.lock == ArrangementLock::open; }
+
     static QString escaped(const std::string& text) {
         return escapedForMenu(QString::fromStdString(text));
     }
@@ -108,8 +91,10 @@ void fillWidgetMenu(QMenu& menu, const MenuState& state, const MenuActions& acti
                     const system::Localization& texts) {
     const MenuFiller filler(state, actions, texts);
     filler.addSizes(menu);
-    menu.addAction(filler.word("Remove widget"), &menu, actions.remove);
-    filler.addWidgets(menu);
+    filler.addRemoval(menu);
+    menu.addAction(filler.word("Add widgets…"), &menu, actions.showGallery);
+    menu.addSeparator();
+    filler.addLock(menu);
     filler.addRenderingModes(menu);
     menu.addSeparator();
     menu.addAction(filler.word("Quit"), &menu, actions.quit);

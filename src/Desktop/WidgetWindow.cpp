@@ -7,17 +7,16 @@
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QScreen>
 #include <QStyleHints>
 #include <QToolTip>
 #include <QWindow>
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <utility>
 
 #include "Desktop/CutOutCard.h"
 #include "Desktop/LiveChange.h"
-#include "Desktop/Placement.h"
 #include "Desktop/Screens.h"
 #include "Desktop/WidgetAccessibility.h"
 #include "Desktop/X11Hints.h"
@@ -29,12 +28,6 @@ namespace {
 
 layout::Point toPoint(QPointF point) {
     return {point.x(), point.y()};
-}
-
-/// Dragged windows line up with the screen under the pointer.
-QPoint gridOrigin(QPoint pointer) {
-    const QScreen* screen = QGuiApplication::screenAt(pointer);
-    return screen != nullptr ? screen->geometry().topLeft() : QPoint();
 }
 
 }  // namespace
@@ -89,6 +82,10 @@ void WidgetWindow::setCorners(Corners corners) {
     updateMask();
     update();
     setVisible(wasVisible);
+}
+
+void WidgetWindow::setDragRule(DragRule rule) {
+    dragRule_ = std::move(rule);
 }
 
 void WidgetWindow::setContent(const kit::DrawnEntry& entry, paint::Redaction redaction,
@@ -181,7 +178,6 @@ void WidgetWindow::mouseMoveEvent(QMouseEvent* event) {
             updateCursor(targetAtPointer(event->position()));
             break;
         case PressGesture::Kind::drag:
-            setCursor(Qt::ClosedHandCursor);
             drag(pointer.toPoint());
             break;
     }
@@ -195,7 +191,9 @@ void WidgetWindow::mouseReleaseEvent(QMouseEvent* event) {
     updateCursor(target);
     if (gesture_.kind() == PressGesture::Kind::drag) {
         gesture_.cancel();
-        emit movedByHand(pos());
+        if (dragRule_) {
+            emit movedByHand(pos());
+        }
     } else if (const std::optional<layout::Action> action = gesture_.end(target)) {
         run(*action);
     }
@@ -220,7 +218,10 @@ std::optional<PressTarget> WidgetWindow::targetAtPointer(QPointF position) const
 }
 
 void WidgetWindow::drag(QPoint pointer) {
-    move(snapped(pointer - grip_, gridOrigin(pointer)));
+    if (dragRule_) {
+        setCursor(Qt::ClosedHandCursor);
+        move(dragRule_(QRect(pointer - grip_, size()), pointer));
+    }
 }
 
 void WidgetWindow::updateCursor(const std::optional<PressTarget>& target) {

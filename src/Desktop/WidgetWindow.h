@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "Desktop/Dragging.h"
 #include "Desktop/Press.h"
 #include "Desktop/WindowVisibility.h"
 #include "Kit/Timeline.h"
@@ -34,6 +35,8 @@ public:
     void setFamily(kit::Family family);
     void setAppearance(const paint::Appearance& appearance);
     void setCorners(Corners corners);
+    /// By which the window can be dragged; without one it cannot.
+    void setDragRule(DragRule rule);
     /// What is to be seen from now on; `resources` must outlive it. A redacted widget cannot be
     /// pressed: what it shows is not the user's.
     void setContent(const kit::DrawnEntry& entry, paint::Redaction redaction,
@@ -80,6 +83,7 @@ private:
     std::function<QString()> toolTipSource_;
     std::optional<system::Date> shownMoment_;  ///< When it was last drawn.
     PressGesture gesture_;
+    DragRule dragRule_;
     QPoint grip_;  ///< From the window's top left corner to where the pointer holds it.
     std::unique_ptr<WindowVisibility> visibility_;
     QTimer liveTimer_;

@@ -2,7 +2,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include "Desktop/ArrangementFile.h"
 #include "tests/Desktop/RecordingLog.h"
@@ -95,6 +97,74 @@ TEST_F(ArrangementFileTest, DamagedFileThatCannotBeSetAsideIsNeverReplaced) {
     EXPECT_FALSE(file.load());
     file.save(oneWidget_);
     EXPECT_EQ(read(longName), "?");
+}
+
+TEST_F(ArrangementFileTest, FolderThatCannotBeMadeIsSaidOnce) {
+    write("file", "");
+    ArrangementFile file(path("file/arrangement.json"), log_);
+    file.save(oneWidget_);
+    file.save(oneWidget_);
+    ASSERT_EQ(log_.lines.size(), 1U);
+    EXPECT_EQ(log_.lines[0], "The arrangement could not be saved in " +
+                                 path("file/arrangement.json").toStdString() +
+                                 ": its folder could not be made");
+}
+
+/// Lets no file grow, as on a full disk.
+class FullDisk {
+public:
+    FullDisk() {
+        getrlimit(RLIMIT_FSIZE, &former_);
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit full{.rlim_cur = 0, .rlim_max = former_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &full);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &former_);
+        std::signal(SIGXFSZ, SIG_DFL);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit former_{};
+};
+
+TEST_F(ArrangementFileTest, FullDiskIsSaidOnceAndLeavesTheOldFile) {
+    ArrangementFile file(path(), log_);
+    file.save(oneWidget_);
+    const QByteArray before = read("arrangement.json");
+    {
+        const FullDisk fullDisk;
+        file.save({});
+        file.save({});
+    }
+    EXPECT_EQ(read("arrangement.json"), before);
+    EXPECT_EQ(files(), QStringList{"arrangement.json"});
+    ASSERT_EQ(log_.lines.size(), 1U);
+    EXPECT_EQ(log_.lines[0].find("The arrangement could not be saved in " + path().toStdString()),
+              0U);
+}
+
+TEST_F(ArrangementFileTest, TroubleThatComesBackIsSaidAgain) {
+    ArrangementFile file(path(), log_);
+    for (int round = 0; round < 2; ++round) {
+        {
+            const FullDisk fullDisk;
+            file.save(oneWidget_);
+        }
+        file.save(oneWidget_);
+    }
+    EXPECT_EQ(log_.lines.size(), 2U);
+    EXPECT_EQ(ArrangementFile(path(), log_).load(), oneWidget_);
+}
+
+TEST_F(ArrangementFileTest, FileOfALaterProgramIsSetAsideWithItsReason) {
+    write("arrangement.json", R"({"version": 2, "places": []})");
+    EXPECT_FALSE(ArrangementFile(path(), log_).load());
+    EXPECT_EQ(read("arrangement.json.damaged"), R"({"version": 2, "places": []})");
+    ASSERT_EQ(log_.lines.size(), 1U);
+    EXPECT_NE(log_.lines[0].find("that of a later program"), std::string::npos);
 }
 
 TEST_F(ArrangementFileTest, FolderInThePlaceOfTheFileIsSetAsideToo) {

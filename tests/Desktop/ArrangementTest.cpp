@@ -1,3 +1,4 @@
+#include <QJsonDocument>
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
@@ -6,20 +7,46 @@
 namespace kelmar::desktop {
 namespace {
 
-const Arrangement twoWidgets{.renderingMode = kit::RenderingMode::accented,
-                             .widgets = {{.kind = "DueToday",
-                                          .family = kit::Family::large,
-                                          .screen = {"HDMI-1", QRect(0, 0, 1920, 1080)},
-                                          .position = {1540, 16}},
-                                         {.kind = "Wochenübersicht",
-                                          .family = kit::Family::small,
-                                          .screen = {"DP-2", QRect(-1280, 64, 1280, 1024)},
-                                          .position = {0, 408}}}};
+const Arrangement twoWidgets{
+    .renderingMode = kit::RenderingMode::accented,
+    .lock = ArrangementLock::locked,
+    .widgets = {{.kind = "DueToday",
+                 .family = kit::Family::large,
+                 .screen = {"HDMI-1", QRect(0, 0, 1920, 1080)},
+                 .position = {1540, 16}},
+                {.kind = "Wochenübersicht",
+                 .family = kit::Family::small,
+                 .screen = {"DP-2", QRect(-1280, 64, 1280, 1024), "Büro 24", "A7"},
+                 .position = {0, 408}}}};
 
 TEST(Arrangement, ComesBackAsItWasKept) {
     const auto decoded = decodeArrangement(encodeArrangement(twoWidgets));
     ASSERT_TRUE(decoded);
     EXPECT_EQ(*decoded, twoWidgets);
+}
+
+TEST(Arrangement, FileOfAnEarlierProgramIsOpenAndKnowsNoDevices) {
+    const auto decoded = decodeArrangement(
+        R"({"version": 1, "renderingMode": "vibrant", "widgets": [{"kind": "A", "family": "small",
+            "screen": {"name": "S", "x": 0, "y": 0, "width": 1, "height": 1}, "x": 8, "y": 16}]})");
+    ASSERT_TRUE(decoded);
+    EXPECT_EQ(*decoded, (Arrangement{.renderingMode = kit::RenderingMode::vibrant,
+                                     .lock = ArrangementLock::open,
+                                     .widgets = {{.kind = "A",
+                                                  .family = kit::Family::small,
+                                                  .screen = {"S", QRect(0, 0, 1, 1)},
+                                                  .position = {8, 16}}}}));
+}
+
+TEST(Arrangement, WhatALaterProgramWroteBesideIsKept) {
+    const QByteArray later =
+        R"({"version": 1, "renderingMode": "vibrant", "wallpaper": {"tint": 0.5}, "locked": true,
+            "widgets": [{"kind": "A", "family": "small", "opacity": 0.25, "x": 8, "y": 16,
+            "screen": {"name": "S", "x": 0, "y": 0, "width": 1, "height": 1}}]})";
+    const auto decoded = decodeArrangement(later);
+    ASSERT_TRUE(decoded);
+    const QJsonObject kept = QJsonDocument::fromJson(encodeArrangement(*decoded)).object();
+    EXPECT_EQ(kept, QJsonDocument::fromJson(later).object());
 }
 
 TEST(Arrangement, EmptyDesktopIsAnArrangementToo) {
@@ -67,7 +94,21 @@ INSTANTIATE_TEST_SUITE_P(
         DamagedCase{"Empty", "", "illegal value"},
         DamagedCase{"NewerVersion",
                     R"({"version": 2, "renderingMode": "fullColor", "widgets": []})",
+                    "\"version\" is that of a later program"},
+        DamagedCase{"NoVersion", R"({"renderingMode": "fullColor", "widgets": []})",
+                    "\"version\" is not a reasonable integer"},
+        DamagedCase{"OlderVersion",
+                    R"({"version": 0, "renderingMode": "fullColor", "widgets": []})",
                     "\"version\" is not one that this program knows"},
+        DamagedCase{
+            "LockThatIsNoFlag",
+            R"({"version": 1, "renderingMode": "fullColor", "locked": "no", "widgets": []})",
+            "\"locked\" is neither true nor false"},
+        DamagedCase{"ModelThatIsNoText",
+                    R"({"version": 1, "renderingMode": "fullColor", "widgets": [{"kind": "A",
+                        "family": "small", "screen": {"name": "S", "x": 0, "y": 0, "width": 1,
+                        "height": 1, "model": 7}, "x": 0, "y": 0}]})",
+                    "\"model\" is not a text"},
         DamagedCase{"NoWidgets", R"({"version": 1, "renderingMode": "fullColor"})",
                     "\"widgets\" is not an array"},
         DamagedCase{"UnknownMode", R"({"version": 1, "renderingMode": "sepia", "widgets": []})",
@@ -84,12 +125,12 @@ INSTANTIATE_TEST_SUITE_P(
                     R"({"version": 1, "renderingMode": "fullColor", "widgets": [{"kind": "A",
                         "family": "small", "screen": {"name": "S", "x": 0, "y": 0, "width": 1,
                         "height": 1}, "x": 0.5, "y": 0}]})",
-                    "\"x\" is not an integer that a screen could have"},
+                    "\"x\" is not a reasonable integer"},
         DamagedCase{"PlaceBeyondAnyScreen",
                     R"({"version": 1, "renderingMode": "fullColor", "widgets": [{"kind": "A",
                         "family": "small", "screen": {"name": "S", "x": 0, "y": 0, "width": 1,
                         "height": 1}, "x": 1e300, "y": 0}]})",
-                    "\"x\" is not an integer that a screen could have"}),
+                    "\"x\" is not a reasonable integer"}),
     [](const auto& damaged) { return std::string(damaged.param.name); });
 
 }  // namespace

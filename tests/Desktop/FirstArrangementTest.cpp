@@ -47,9 +47,16 @@ TEST(FirstArrangement, EmptyBundleGivesAnEmptyDesktop) {
 }
 
 TEST(FirstArrangement, FreshWidgetKeepsClearOfThoseThatAreThere) {
-    const WidgetPlace there = freshPlace("A", kit::Family::large, {}, {screen});
-    const WidgetPlace fresh = freshPlace("A", kit::Family::small, {there}, {screen});
+    const WidgetPlace there = freshPlace("A", kit::Family::large, {}, {screen}, screen);
+    const WidgetPlace fresh = freshPlace("A", kit::Family::small, {there}, {screen}, screen);
     EXPECT_FALSE(shownGeometry(fresh, {screen}).intersects(shownGeometry(there, {screen})));
+}
+
+TEST(FirstArrangement, FreshWidgetStandsOnTheScreenThatIsAskedFor) {
+    const ScreenArea second{{"HDMI-1", QRect(1280, 0, 1920, 1080)}, QRect(1280, 0, 1920, 1080)};
+    const WidgetPlace fresh = freshPlace("A", kit::Family::small, {}, {screen, second}, second);
+    EXPECT_EQ(fresh.screen, second.identity);
+    EXPECT_EQ(shownGeometry(fresh, {screen, second}), QRect(3014, 16, 170, 170));
 }
 
 }  // namespace

@@ -44,6 +44,48 @@ TEST(Screens, GeometryTellsScreensOfOneNameApart) {
     EXPECT_EQ(screenOf(onMonitor, twins).identity, monitor);
 }
 
+const ScreenIdentity officeMonitor{"HDMI-1", QRect(1280, 0, 1920, 1080), "U2419", "ABC"};
+const ScreenIdentity homeMonitor{"HDMI-1", QRect(1280, 0, 1920, 1080), "U2419", "XYZ"};
+
+WidgetPlace placeOn(const ScreenIdentity& screen) {
+    WidgetPlace place = onMonitor;
+    place.screen = screen;
+    return place;
+}
+
+TEST(Screens, DeviceIsKnownAgainOnAnotherConnector) {
+    ScreenIdentity moved = officeMonitor;
+    moved.name = "DP-1";
+    moved.geometry.translate(0, 200);
+    const std::vector screens{withPanelBelow(laptop), withPanelBelow(homeMonitor),
+                              withPanelBelow(moved)};
+    EXPECT_EQ(screenOf(placeOn(officeMonitor), screens).identity, moved);
+}
+
+TEST(Screens, AnotherDeviceOnTheConnectorIsTheNextBest) {
+    const std::vector screens{withPanelBelow(laptop), withPanelBelow(homeMonitor)};
+    EXPECT_EQ(screenOf(placeOn(officeMonitor), screens).identity, homeMonitor);
+}
+
+TEST(Screens, TwinsWithoutSerialNumbersAreKnownByTheirConnectors) {
+    const ScreenIdentity left{"DP-1", QRect(0, 0, 1920, 1080), "U2419", ""};
+    const ScreenIdentity right{"DP-2", QRect(1920, 0, 1920, 1080), "U2419", ""};
+    const std::vector screens{withPanelBelow(left), withPanelBelow(right)};
+    EXPECT_EQ(screenOf(placeOn(right), screens).identity, right);
+}
+
+TEST(Screens, DeviceThatWasNotKnownWhenThePlaceWasKeptIsKnownByItsName) {
+    const std::vector screens{withPanelBelow(laptop), withPanelBelow(officeMonitor)};
+    EXPECT_EQ(screenOf(placeOn(monitor), screens).identity, officeMonitor);
+}
+
+TEST(Screens, PointBelongsToTheScreenThatHoldsItElseToTheNearest) {
+    EXPECT_EQ(screenAt({1279, 10}, both).identity, laptop);
+    EXPECT_EQ(screenAt({1280, 10}, both).identity, monitor);
+    EXPECT_EQ(screenAt({600, 900}, both).identity, laptop);
+    EXPECT_EQ(screenAt({9000, -50}, both).identity, monitor);
+}
+
 TEST(Screens, MovedWidgetBelongsToTheScreenThatHoldsMostOfIt) {
     const WidgetPlace moved = movedTo({1000, 100}, onMonitor, both);
     EXPECT_EQ(moved.screen, laptop);

@@ -30,14 +30,21 @@ protected:
     TrayIcon tray_{{.host = host_, .look = look_, .texts = texts_, .log = log_}};
 };
 
-TEST_F(TrayIconTest, MenuHoldsTheControlsAndTheEnd) {
+TEST_F(TrayIconTest, MenuHoldsTheControlsTheGalleryAndTheEnd) {
     launcher_.last().introduce(
         {.widgets = {}, .controls = {{.kind = "Lamp", .displayName = "Lamp", .description = ""}}});
     std::vector<std::string> entries;
     for (const QAction* action : tray_.menu().actions()) {
         entries.push_back(action->isSeparator() ? "-" : action->text().toStdString());
     }
-    EXPECT_THAT(entries, testing::ElementsAre("Lamp", "-", "Quit"));
+    EXPECT_THAT(entries, testing::ElementsAre("Lamp", "-", "Add widgets…", "Quit"));
+}
+
+TEST_F(TrayIconTest, MenuAsksForTheGallery) {
+    int wishes = 0;
+    QObject::connect(&tray_, &TrayIcon::galleryRequested, [&] { ++wishes; });
+    tray_.menu().actions().constFirst()->trigger();
+    EXPECT_EQ(wishes, 1);
 }
 
 TEST_F(TrayIconTest, LastEntryAsksForTheEnd) {

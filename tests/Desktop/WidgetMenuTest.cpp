@@ -24,18 +24,24 @@ class WidgetMenuTest : public testing::Test {
 protected:
     WidgetMenuTest() { fill(bundle, "DueToday"); }
 
-    void fill(const kit::Bundle& offered, const std::string& kind) {
+    void fill(const kit::Bundle& offered, const std::string& kind,
+              ArrangementLock lock = ArrangementLock::open) {
         menu_.clear();
         fillWidgetMenu(
             menu_,
             {.bundle = offered,
              .kind = kind,
              .family = kit::Family::medium,
+             .lock = lock,
              .renderingMode = kit::RenderingMode::accented},
             {.resize = [this](kit::Family family) { note("resize", nameOf(family)); },
              .remove = [this] { note("remove"); },
-             .add = [this](const std::string& added,
-                           kit::Family family) { note("add " + added, nameOf(family)); },
+             .undoRemoval = hasRemovals_ ? [this] { note("undo"); } : std::function<void()>(),
+             .showGallery = [this] { note("gallery"); },
+             .setLock =
+                 [this](ArrangementLock wanted) {
+                     note(wanted == ArrangementLock::locked ? "lock" : "unlock");
+                 },
              .setRenderingMode = [this](kit::RenderingMode mode) { note("mode", nameOf(mode)); },
              .quit = [this] { note("quit"); }},
             texts_);
@@ -64,6 +70,7 @@ protected:
         return texts;
     }
 
+    bool hasRemovals_ = false;
     QMenu menu_;
     std::vector<std::string> done_;
 
@@ -71,15 +78,16 @@ private:
     system::EnglishLocalization texts_;
 };
 
-TEST_F(WidgetMenuTest, OffersSizesRemovalFurtherWidgetsRenderingAndTheEnd) {
-    EXPECT_THAT(textsOf(menu_), ElementsAre("Small", "Medium", "Large", "-", "Remove widget",
-                                            "Add widget", "Rendering", "-", "Quit"));
+TEST_F(WidgetMenuTest, OffersSizesRemovalFurtherWidgetsLockRenderingAndTheEnd) {
+    EXPECT_THAT(textsOf(menu_),
+                ElementsAre("Small", "Medium", "Large", "-", "Remove widget", "Add widgets…", "-",
+                            "Lock arrangement", "Rendering", "-", "Quit"));
 }
 
 TEST_F(WidgetMenuTest, OffersTheSizesOfTheWidgetsOwnKind) {
     fill(bundle, "Streak");
-    EXPECT_THAT(textsOf(menu_), ElementsAre("Small", "Medium", "-", "Remove widget", "Add widget",
-                                            "Rendering", "-", "Quit"));
+    EXPECT_THAT(textsOf(menu_), ElementsAre("Small", "Medium", "-", "Remove widget", "Add widgets…",
+                                            "-", "Lock arrangement", "Rendering", "-", "Quit"));
 }
 
 TEST_F(WidgetMenuTest, MarksWhatIsSoAlready) {
@@ -90,29 +98,37 @@ TEST_F(WidgetMenuTest, MarksWhatIsSoAlready) {
     EXPECT_TRUE(find(modes, "Accented")->isChecked());
 }
 
-TEST_F(WidgetMenuTest, ListsEveryWidgetInEverySizeToAdd) {
-    const QMenu& add = *find(menu_, "Add widget")->menu();
-    // A lone "&" would be drawn as an underline.
-    EXPECT_THAT(textsOf(add), ElementsAre("Due Today", "Streak && Stats"));
-    EXPECT_THAT(textsOf(*find(add, "Streak && Stats")->menu()), ElementsAre("Small", "Medium"));
-}
-
 TEST_F(WidgetMenuTest, EntriesDoWhatTheySay) {
-    find(menu_, "Large")->trigger();
-    find(menu_, "Remove widget")->trigger();
-    const QMenu& add = *find(menu_, "Add widget")->menu();
-    find(*find(add, "Streak && Stats")->menu(), "Small")->trigger();
+    for (const char* entry :
+         {"Large", "Remove widget", "Add widgets…", "Lock arrangement", "Quit"}) {
+        find(menu_, entry)->trigger();
+    }
     find(*find(menu_, "Rendering")->menu(), "Vibrant")->trigger();
-    find(menu_, "Quit")->trigger();
     EXPECT_THAT(done_,
-                ElementsAre("resize large", "remove", "add Streak small", "mode vibrant", "quit"));
+                ElementsAre("resize large", "remove", "gallery", "lock", "quit", "mode vibrant"));
 }
 
-TEST_F(WidgetMenuTest, NothingCanBeAddedWhileTheExtensionIsSilent) {
+TEST_F(WidgetMenuTest, LockedArrangementCanBeUnlockedButNotChanged) {
+    fill(bundle, "DueToday", ArrangementLock::locked);
+    for (const char* entry : {"Small", "Medium", "Large", "Remove widget"}) {
+        EXPECT_FALSE(find(menu_, entry)->isEnabled()) << entry;
+    }
+    EXPECT_TRUE(find(menu_, "Lock arrangement")->isChecked());
+    find(menu_, "Lock arrangement")->trigger();
+    EXPECT_THAT(done_, ElementsAre("unlock"));
+}
+
+TEST_F(WidgetMenuTest, RemovalCanBeUndoneAsLongAsThereIsOne) {
+    hasRemovals_ = true;
+    fill(bundle, "DueToday");
+    find(menu_, "Undo removal")->trigger();
+    EXPECT_THAT(done_, ElementsAre("undo"));
+}
+
+TEST_F(WidgetMenuTest, NoSizesAreKnownWhileTheExtensionIsSilent) {
     fill({}, "DueToday");
-    EXPECT_THAT(textsOf(menu_),
-                ElementsAre("Remove widget", "Add widget", "Rendering", "-", "Quit"));
-    EXPECT_FALSE(find(menu_, "Add widget")->isEnabled());
+    EXPECT_THAT(textsOf(menu_), ElementsAre("Remove widget", "Add widgets…", "-",
+                                            "Lock arrangement", "Rendering", "-", "Quit"));
 }
 
 }  // namespace

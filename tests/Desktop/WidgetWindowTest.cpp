@@ -62,6 +62,9 @@ protected:
         QObject::connect(&window_, &WidgetWindow::menuRequested,
                          [this](QPoint place) { menus_.push_back(place); });
         window_.setName("Probe");
+        window_.setDragRule([](const QRect& wanted, QPoint pointer) {
+            return pointer.y() > 600 ? QPoint(0, 0) : wanted.topLeft() + QPoint(1, 2);
+        });
         show(entry());
         window_.move(80, 80);
         window_.show();
@@ -139,12 +142,30 @@ TEST_F(WidgetWindowTest, OtherPointerButtonsPressNothing) {
     EXPECT_TRUE(actions_.empty());
 }
 
-TEST_F(WidgetWindowTest, DraggedWindowFollowsThePointerOnTheGrid) {
+TEST_F(WidgetWindowTest, DraggedWindowRestsWhereTheRuleSays) {
     send(QEvent::MouseButtonPress, button);
     send(QEvent::MouseMove, button + QPoint(45, 21));
-    EXPECT_EQ(window_.pos(), QPoint(128, 104));
+    EXPECT_EQ(window_.pos(), QPoint(80 + 45 + 1, 80 + 21 + 2));
     send(QEvent::MouseButtonRelease, button);
-    EXPECT_THAT(places_, ElementsAre(QPoint(128, 104)));
+    EXPECT_THAT(places_, ElementsAre(QPoint(126, 103)));
+    EXPECT_TRUE(actions_.empty());
+}
+
+TEST_F(WidgetWindowTest, RuleIsToldWhereThePointerIs) {
+    send(QEvent::MouseButtonPress, button);
+    send(QEvent::MouseMove, {36, 601 - 80});
+    EXPECT_EQ(window_.pos(), QPoint(0, 0));
+}
+
+TEST_F(WidgetWindowTest, WindowWithoutARuleStaysAndADragPressesNothing) {
+    window_.setDragRule({});
+    send(QEvent::MouseButtonPress, button);
+    send(QEvent::MouseMove, button + QPoint(45, 21));
+    EXPECT_EQ(window_.pos(), QPoint(80, 80));
+    EXPECT_NE(window_.cursor().shape(), Qt::ClosedHandCursor);
+    send(QEvent::MouseMove, button);
+    send(QEvent::MouseButtonRelease, button);
+    EXPECT_TRUE(places_.empty());
     EXPECT_TRUE(actions_.empty());
 }
 

@@ -54,6 +54,15 @@ class Probe:
         """The top left corner of its window."""
         return self._session.geometry_of(self.window())[:2]
 
+    def open_menu(self, field=SMALL_BESIDE_ALL):
+        """The context menu of its window."""
+        self.click(field, button=3)
+        self._session.settle()
+
+    def choose(self, *words_before):
+        """Goes down the open menu past these entries, of which each can be chosen, to the next."""
+        self._session.press_keys(*["Down"] * (len(words_before) + 1), "Return")
+
     def click(self, field, button=1):
         place = self.place()
         self._session.click(place[0] + field[0], place[1] + field[1], button)

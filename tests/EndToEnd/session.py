@@ -14,6 +14,7 @@ from processes import Processes, wait_until
 
 BIN_FOLDER = os.environ.get("KELMAR_BIN", "")
 SCREEN_SIZE = (1280, 800)
+OUTPUT = "screen"  # the X server's only one
 WALLPAPER = (0x3B, 0x5B, 0x7A)
 PLAIN_COLOR = (0xC0, 0xFF, 0xEE)
 
@@ -143,11 +144,18 @@ class Session:
         self._xdotool("mousemove", x, y, "click", button)
 
     def drag(self, start, end):
+        self.hold(start, end)
+        self.release()
+
+    def hold(self, start, end):
+        """Begins a drag that `release` ends."""
         self._xdotool("mousemove", *start, "mousedown", 1)
         steps = 8
         for step in range(1, steps + 1):
             self._xdotool("mousemove", *(start[i] + (end[i] - start[i]) * step // steps
                                          for i in range(2)))
+
+    def release(self):
         self._xdotool("mouseup", 1)
 
     def press_keys(self, *keys):
@@ -209,6 +217,26 @@ class Session:
                                 text=True).stdout
         values = dict(line.split("=", 1) for line in answer.splitlines())
         return tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
+
+    def set_monitors(self, **monitors):
+        """Divides the X screen into monitors, each given as (width, height, x, y); the first one
+        has the real output, so that the X server makes none of its own beside them."""
+        for name in self.monitor_names():
+            self._xrandr("--delmonitor", name)
+        output = OUTPUT
+        for name, (width, height, x, y) in monitors.items():
+            self._xrandr("--setmonitor", name, f"{width}/100x{height}/100+{x}+{y}", output)
+            output = "none"
+
+    def monitor_names(self):
+        """Those that were set by hand."""
+        lines = self._xrandr("--listmonitors").splitlines()[1:]
+        return [line.split()[1].lstrip("*") for line in lines
+                if not line.split()[1].startswith("+")]
+
+    def _xrandr(self, *words):
+        return subprocess.run(["xrandr", *words], env=self.environment, check=True,
+                              stdout=subprocess.PIPE, text=True).stdout
 
     # -------------------------------------------------------------------------------------------
 

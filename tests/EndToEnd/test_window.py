@@ -261,30 +261,6 @@ class PlaceTest(WindowTest):
         self.assertIn("arrangement.json.damaged",
                       self.session.processes.log_of("kelmar-widgets"))
 
-    def test_removed_widget_stays_away(self):
-        process = self.probe.start_widgets("--add", "Probe:small", "--add", "Probe:medium")
-        small = next(window for window in self.session.windows_named("Probe")
-                     if self.session.geometry_of(window)[2] == 170)
-        x, y = self.session.geometry_of(small)[:2]
-        self.session.click(x + 100, y + 120, button=3)
-        self.session.settle()
-        # Past the three sizes.
-        self.session.press_keys("Down", "Down", "Down", "Down", "Return")
-        wait_until(lambda: len(self.session.windows_named("Probe")) == 1, "the removal")
-        self.restart(process)
-        self.session.settle()
-        self.assertEqual([self.session.geometry_of(window)[2:]
-                          for window in self.session.windows_named("Probe")], [(364, 170)])
-
-    def test_removal_of_the_last_widget_ends_the_program_and_the_next_start_begins_anew(self):
-        process = self.probe.start_widgets()
-        self.probe.click(BESIDE_ALL, button=3)
-        self.session.settle()
-        self.session.press_keys("Down", "Down", "Down", "Down", "Return")
-        self.assertEqual(process.wait(20), 0)
-        self.probe.start_widgets()
-        self.assertEqual(self.session.geometry_of(self.probe.window())[2:], (364, 382))
-
     def test_widget_that_is_no_longer_offered_keeps_its_place_in_the_file(self):
         self.session.write_in_home(ARRANGEMENT, json.dumps({
             "version": 1, "renderingMode": "fullColor", "widgets": [

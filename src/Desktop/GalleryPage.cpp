@@ -1,0 +1,167 @@
+#include "Desktop/GalleryPage.h"
+
+#include <QResizeEvent>
+#include <algorithm>
+#include <iterator>
+
+#include "Desktop/Screens.h"
+#include "Desktop/TileFlow.h"
+#include "Desktop/WidgetWords.h"
+
+namespace kelmar::desktop {
+
+namespace {
+
+constexpr int margin = 32;
+constexpr int titleSize = 26;
+constexpr int nameSize = 18;
+constexpr int textSize = 13;
+constexpr int belowTitle = 4;
+constexpr int belowName = 2;
+constexpr int aboveTiles = 18;
+constexpr int betweenSections = 26;
+
+/// Puts texts and tiles below one another in a column, or only adds up their heights.
+class Column {
+public:
+    Column(int left, int width, bool moves, layout::Direction direction)
+        : left_(left), width_(width), moves_(moves), direction_(direction) {}
+
+    void addText(QLabel& text) {
+        const int height = text.heightForWidth(width_);
+        if (moves_) {
+            text.setGeometry(left_, y_, width_, height);
+        }
+        y_ += height;
+    }
+
+    void addTiles(const std::vector<GalleryTile*>& tiles) {
+        std::vector<kit::Family> families;
+        std::transform(tiles.begin(), tiles.end(), std::back_inserter(families),
+                       [](const GalleryTile* tile) { return tile->family(); });
+        const TileFlow flow = flowTiles(families, width_);
+        for (std::size_t index = 0; moves_ && index < tiles.size(); ++index) {
+            place(*tiles[index], flow.places[index]);
+        }
+        y_ += flow.size.height();
+    }
+
+    void addRoom(int height) { y_ += height; }
+    [[nodiscard]] int height() const { return y_; }
+
+private:
+    void place(GalleryTile& tile, QPoint place) const {
+        const int card = windowSize(tile.family()).width();
+        const int x =
+            direction_ == layout::Direction::leftToRight ? place.x() : width_ - place.x() - card;
+        tile.move(left_ + x - GalleryTile::ringRoom, y_ + place.y() - GalleryTile::ringRoom);
+    }
+
+    int left_;
+    int width_;
+    bool moves_;
+    layout::Direction direction_;
+    int y_ = 0;
+};
+
+}  // namespace
+
+GalleryPage::GalleryPage(const kit::Bundle& bundle, const GalleryParts& parts) : parts_(parts) {
+    title_ = addText(parts_.texts.text("Add widgets"));
+    hint_ = addText(
+        parts_.texts.text("Click a widget to put it on the desktop, or drag it to its place."));
+    std::for_each(bundle.widgets.begin(), bundle.widgets.end(),
+                  [this](const kit::WidgetDescriptor& widget) { addSection(widget); });
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+    takeLook();
+}
+
+void GalleryPage::takeLook() {
+    setFonts();
+    for (const Offer& offer : offers_) {
+        offer.tile->takeLook();
+    }
+    for (const Section& section : sections_) {
+        section.description->setForegroundRole(QPalette::PlaceholderText);
+    }
+    hint_->setForegroundRole(QPalette::PlaceholderText);
+    layOut(width(), Purpose::placing);
+    updateGeometry();
+}
+
+int GalleryPage::preferredWidth() {
+    return galleryWidth + 2 * margin;
+}
+
+QSize GalleryPage::sizeHint() const {
+    return {preferredWidth(), heightForWidth(preferredWidth())};
+}
+
+QSize GalleryPage::minimumSizeHint() const {
+    return {windowSize(kit::Family::medium).width() + 2 * margin, 0};
+}
+
+int GalleryPage::heightForWidth(int width) const {
+    return layOut(width, Purpose::measuring);
+}
+
+void GalleryPage::resizeEvent(QResizeEvent* event) {
+    layOut(event->size().width(), Purpose::placing);
+}
+
+void GalleryPage::addSection(const kit::WidgetDescriptor& widget) {
+    Section section{addText(widget.displayName), addText(widget.description), {}};
+    for (const kit::Family family : widget.families) {
+        auto* tile = new GalleryTile(family, parts_, this);
+        tile->setAccessibleName(QString::fromStdString(widget.displayName + " (" +
+                                                       parts_.texts.text(wordFor(family)) + ")"));
+        tile->setAccessibleDescription(QString::fromStdString(widget.description));
+        section.tiles.push_back(tile);
+        offers_.push_back({widget.kind, tile});
+    }
+    sections_.push_back(std::move(section));
+}
+
+QLabel* GalleryPage::addText(const std::string& text) {
+    auto* label = new QLabel(QString::fromStdString(text), this);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+void GalleryPage::setFonts() {
+    const paint::FontSet& fonts = parts_.look.resources().fonts();
+    const auto font = [&](int size, kit::FontWeight weight) {
+        return fonts.font(kit::Font::system(size, weight), size);
+    };
+    title_->setFont(font(titleSize, kit::FontWeight::bold));
+    hint_->setFont(font(textSize, kit::FontWeight::regular));
+    for (const Section& section : sections_) {
+        section.name->setFont(font(nameSize, kit::FontWeight::semibold));
+        section.description->setFont(font(textSize, kit::FontWeight::regular));
+    }
+}
+
+int GalleryPage::layOut(int width, Purpose purpose) const {
+    const int columnWidth = std::min(galleryWidth, width - 2 * margin);
+    Column column((width - columnWidth) / 2, columnWidth, purpose == Purpose::placing,
+                  parts_.direction);
+    column.addRoom(margin);
+    column.addText(*title_);
+    column.addRoom(belowTitle);
+    column.addText(*hint_);
+    for (const Section& section : sections_) {
+        column.addRoom(betweenSections);
+        column.addText(*section.name);
+        column.addRoom(belowName);
+        column.addText(*section.description);
+        column.addRoom(aboveTiles);
+        column.addTiles(section.tiles);
+    }
+    column.addRoom(margin - tileGap);
+    return column.height();
+}
+
+}  // namespace kelmar::desktop
