@@ -1,7 +1,6 @@
 #include "Desktop/Application.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QTimer>
 #include <cstdlib>
 #include <string_view>
@@ -179,12 +178,12 @@ int runDesktop(int argc, char** argv) {
         return exit->status;
     }
     const auto& options = std::get<Options>(read);
-    if (options.onlyIfArranged && !QFile::exists(ArrangementFile::standardPath())) {
+    host::StreamLog log = host::StreamLog::onStandardError();
+    if (options.onlyIfArranged && ArrangementFile(ArrangementFile::standardPath(), log).isEmpty()) {
         // The bus would go on waiting for a program that it has started and that has ended well.
         return qEnvironmentVariableIsSet("DBUS_STARTER_ADDRESS") ? failureStatus : 0;
     }
     prepareQt(options);
-    host::StreamLog log = host::StreamLog::onStandardError();
     if (qgetenv("QT_QPA_PLATFORM") == "xcb" && !canReachXServer()) {
         log.write(host::LogLevel::error, "There is no X display to put widgets on.");
         return failureStatus;

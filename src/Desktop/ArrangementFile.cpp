@@ -30,6 +30,15 @@ QString ArrangementFile::standardPath() {
            "/kelmar-widgets/arrangement.json";
 }
 
+bool ArrangementFile::isEmpty() const {
+    QFile file(path_);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return !file.exists();
+    }
+    const system::Result<Arrangement> arrangement = decodeArrangement(file.readAll());
+    return arrangement && arrangement->widgets.empty();
+}
+
 std::optional<Arrangement> ArrangementFile::load() {
     QFile file(path_);
     if (!file.exists()) {

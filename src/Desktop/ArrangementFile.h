@@ -18,6 +18,8 @@ public:
     /// Specification).
     [[nodiscard]] static QString standardPath();
 
+    /// Whether there is no file, or one without a widget. One that makes no sense may hold some.
+    [[nodiscard]] bool isEmpty() const;
     /// Nothing on the first start. A file that makes no sense is set aside under a name of its own
     /// and counts as none.
     [[nodiscard]] std::optional<Arrangement> load();

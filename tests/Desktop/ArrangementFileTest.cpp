@@ -56,6 +56,18 @@ TEST_F(ArrangementFileTest, SavedArrangementIsFoundAgain) {
     EXPECT_EQ(files(), QStringList{"arrangement.json"});
 }
 
+TEST_F(ArrangementFileTest, IsEmptyWithoutAFileAndWithoutAWidget) {
+    ArrangementFile file(path(), log_);
+    EXPECT_TRUE(file.isEmpty());
+    file.save({});
+    EXPECT_TRUE(file.isEmpty());
+    file.save(oneWidget_);
+    EXPECT_FALSE(file.isEmpty());
+    write("arrangement.json", "?");
+    EXPECT_FALSE(file.isEmpty());
+    EXPECT_EQ(read("arrangement.json"), "?");
+}
+
 TEST_F(ArrangementFileTest, SavingMakesTheFolder) {
     ArrangementFile(path("not/yet/there.json"), log_).save(oneWidget_);
     EXPECT_EQ(ArrangementFile(path("not/yet/there.json"), log_).load(), oneWidget_);
