@@ -84,8 +84,10 @@ void Desktop::showGallery() {
                     addFresh(kind, family, gallery_->frameGeometry().center());
                 });
         connect(gallery_, &GalleryWindow::dropped, this, &Desktop::addDropped);
-        // Once it is gone for good.
-        connect(gallery_, &QObject::destroyed, this, &Desktop::tellIfEmpty);
+        connect(gallery_, &GalleryWindow::closed, this, [this] {
+            gallery_ = nullptr;  // It goes by itself.
+            tellIfEmpty();
+        });
     }
     gallery_->present(visible);
 }

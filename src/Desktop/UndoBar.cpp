@@ -57,7 +57,8 @@ void UndoBar::present(const QRect& place, const QRect& visible) {
     }
     QRect bar(QPoint(), size());
     bar.moveCenter(place.center());
-    move(clamped(bar, visible));
+    constexpr int gap = comfortableGap;
+    move(clamped(bar, visible.adjusted(gap, gap, -gap, -gap)));
     show();
     waitOrExpire();
 }

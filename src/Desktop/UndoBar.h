@@ -25,7 +25,7 @@ public:
 
     UndoBar(const Words& words, const Look& look, Corners corners);
 
-    /// In the middle of `place`, as far as that is inside `visible`.
+    /// In the middle of `place`, as far as that leaves a gap to the edges of `visible`.
     void present(const QRect& place, const QRect& visible);
 
 signals:
