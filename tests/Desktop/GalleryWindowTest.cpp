@@ -93,6 +93,27 @@ protected:
         return words;
     }
 
+    /// The places of the requests for previews among all requests.
+    std::vector<std::size_t> previewRequests() {
+        std::vector<std::size_t> places;
+        const std::vector<kit::Request> requests = launcher_.last().requests();
+        for (std::size_t place = 0; place < requests.size(); ++place) {
+            const auto* const entry = std::get_if<kit::EntryRequest>(&requests[place].body);
+            if (entry != nullptr && entry->isPreview) {
+                places.push_back(place);
+            }
+        }
+        return places;
+    }
+
+    void sendPreview(std::size_t index) {
+        launcher_.last().answer(previewRequests().at(index), kit::encodeEntry(redEntry()));
+    }
+
+    void refusePreview(std::size_t index) {
+        launcher_.last().answerWithError(previewRequests().at(index), "no");
+    }
+
     static QColor colorOf(const GalleryTile& tile) {
         const QImage picture = const_cast<GalleryTile&>(tile).grab().toImage();  // NOLINT
         return picture.pixelColor(80, 80);
@@ -192,7 +213,7 @@ TEST_F(GalleryWindowTest, AsksForThePreviewOfEverySize) {
 TEST_F(GalleryWindowTest, PreviewIsShownWhenItComes) {
     introduce();
     EXPECT_NE(colorOf(*tiles()[1]), red);
-    launcher_.last().answer(2, kit::encodeEntry(redEntry()));
+    sendPreview(1);
     EXPECT_EQ(colorOf(*tiles()[1]), red);
     EXPECT_NE(colorOf(*tiles()[0]), red);
 }
@@ -200,7 +221,7 @@ TEST_F(GalleryWindowTest, PreviewIsShownWhenItComes) {
 TEST_F(GalleryWindowTest, RefusedPreviewIsSaidAndTheWidgetCanBePlacedAllTheSame) {
     introduce();
     const QImage waiting = tiles()[0]->grab().toImage();
-    launcher_.last().answerWithError(1, "no");
+    refusePreview(0);
     EXPECT_TRUE(tiles()[0]->isUnavailable());
     EXPECT_NE(tiles()[0]->grab().toImage(), waiting);
     tiles()[0]->click();
@@ -209,12 +230,12 @@ TEST_F(GalleryWindowTest, RefusedPreviewIsSaidAndTheWidgetCanBePlacedAllTheSame)
 
 TEST_F(GalleryWindowTest, MissingPreviewIsAskedForAgainWhenTheUserComesBack) {
     introduce();
-    launcher_.last().answerWithError(1, "no");
+    refusePreview(0);
     QApplication::setActiveWindow(nullptr);
     QApplication::setActiveWindow(window_);
     ASSERT_EQ(previews().size(), 5U);
     EXPECT_EQ(previews().back(), "DueToday small fullColor");
-    launcher_.last().answer(5, kit::encodeEntry(redEntry()));
+    sendPreview(4);
     EXPECT_EQ(colorOf(*tiles()[0]), red);
 }
 
@@ -227,7 +248,7 @@ TEST_F(GalleryWindowTest, AnotherRenderingModeAsksForOtherPreviews) {
 
 TEST_F(GalleryWindowTest, OtherLookKeepsThePreviewsThatAreThere) {
     introduce();
-    launcher_.last().answer(1, kit::encodeEntry(redEntry()));
+    sendPreview(0);
     emit look_.changed();
     EXPECT_EQ(previews().size(), 4U);
     EXPECT_EQ(colorOf(*tiles()[0]), red);
@@ -236,7 +257,7 @@ TEST_F(GalleryWindowTest, OtherLookKeepsThePreviewsThatAreThere) {
 TEST_F(GalleryWindowTest, AnswerAfterTheEndIsHeardByNobody) {
     introduce();
     delete window_;
-    launcher_.last().answer(1, kit::encodeEntry(redEntry()));
+    sendPreview(0);
     EXPECT_TRUE(window_.isNull());
 }
 

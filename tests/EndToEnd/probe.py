@@ -55,7 +55,8 @@ class Probe:
         return self._session.geometry_of(self.window())[:2]
 
     def open_menu(self, field=SMALL_BESIDE_ALL):
-        """The context menu of its window."""
+        """The context menu of its window, as it is once the extension has said what it offers."""
+        wait_until(lambda: self.requests("widget/timeline"), "the extension")
         self.click(field, button=3)
         self._session.settle()
 
