@@ -102,6 +102,9 @@ int showDesktop(Ground& ground, const Options& options, host::Log& log) {
         }
     };
     QObject::connect(&desktop, &Desktop::emptied, qApp, endUnlessInTray, Qt::QueuedConnection);
+    // Once the menu is gone, which has the keyboard itself.
+    QObject::connect(&tray, &TrayIcon::keyboardRequested, &desktop, &Desktop::takeKeyboard,
+                     Qt::QueuedConnection);
     const Termination termination(end);
     const int status = QApplication::exec();
     desktop.save();

@@ -209,6 +209,7 @@ void Desktop::resize(host::WidgetId id, kit::Family family) {
 }
 
 void Desktop::connectWindow(host::WidgetId id, WidgetWindow& window) {
+    keyboardRound_.add(window);
     connect(&window, &WidgetWindow::actionRequested, this, &Desktop::run);
     connect(&window, &WidgetWindow::menuRequested, this,
             [this, id](QPoint position) { popUpMenu(id, position); });

@@ -11,6 +11,7 @@
 #include "Desktop/ArrangementFile.h"
 #include "Desktop/Compositor.h"
 #include "Desktop/GalleryWindow.h"
+#include "Desktop/KeyboardRound.h"
 #include "Desktop/Look.h"
 #include "Desktop/Options.h"
 #include "Desktop/Removals.h"
@@ -47,6 +48,9 @@ public:
     /// last session left none, the gallery does.
     Desktop(const DesktopParts& parts, const Options& options);
     ~Desktop() override;
+
+    /// Gives the keyboard to the widgets, until Escape gives it back.
+    void takeKeyboard() { keyboardRound_.begin(); }
 
     /// Keeps the places for the next session.
     void save() const;
@@ -100,6 +104,7 @@ private:
 
     DesktopParts parts_;
     ScreenWatch screenWatch_;
+    KeyboardRound keyboardRound_;
     bool isFirstStart_ = false;
     ArrangementLock lock_ = ArrangementLock::open;
     QJsonObject unknown_;  ///< Of the arrangement, kept as it is.

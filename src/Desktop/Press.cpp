@@ -4,17 +4,39 @@
 
 namespace kelmar::desktop {
 
+namespace {
+
+layout::Rect whole(layout::Size widget) {
+    return {0, 0, widget.width, widget.height};
+}
+
+}  // namespace
+
 std::optional<PressTarget> targetAt(const layout::PlacedBoxes& boxes,
                                     const std::optional<std::string>& widgetUrl,
                                     layout::Size widget, layout::Point point) {
     if (const std::optional<std::size_t> box = layout::actionAt(boxes, point)) {
         return PressTarget{boxes[*box].action, boxes[*box].rect};
     }
-    const layout::Rect whole{0, 0, widget.width, widget.height};
-    if (widgetUrl && whole.contains(point)) {
-        return PressTarget{layout::LinkAction{*widgetUrl}, whole};
+    if (widgetUrl && whole(widget).contains(point)) {
+        return PressTarget{layout::LinkAction{*widgetUrl}, whole(widget)};
     }
     return std::nullopt;
+}
+
+std::vector<PressTarget> targetsOf(const layout::PlacedBoxes& boxes,
+                                   const std::optional<std::string>& widgetUrl,
+                                   layout::Size widget) {
+    std::vector<PressTarget> targets;
+    if (widgetUrl) {
+        targets.push_back({layout::LinkAction{*widgetUrl}, whole(widget)});
+    }
+    for (const layout::PlacedBox& box : boxes) {
+        if (!std::holds_alternative<std::monostate>(box.action)) {
+            targets.push_back({box.action, box.rect});
+        }
+    }
+    return targets;
 }
 
 void PressGesture::begin(layout::Point point, std::optional<PressTarget> target) {

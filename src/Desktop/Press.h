@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "Layout/PlacedBox.h"
 
@@ -20,6 +21,12 @@ struct PressTarget {
 [[nodiscard]] std::optional<PressTarget> targetAt(const layout::PlacedBoxes& boxes,
                                                   const std::optional<std::string>& widgetUrl,
                                                   layout::Size widget, layout::Point point);
+
+/// Everything of a widget that a press would run, in the order in which it is read: the widget's
+/// own URL, which its whole size stands for, and then its boxes.
+[[nodiscard]] std::vector<PressTarget> targetsOf(const layout::PlacedBoxes& boxes,
+                                                 const std::optional<std::string>& widgetUrl,
+                                                 layout::Size widget);
 
 /// Tells pressing from dragging. A press runs what it began on, and only when it ends on the same
 /// thing: the widget may have been drawn anew meanwhile, and another action may lie there now.

@@ -24,6 +24,7 @@ TrayIcon::TrayIcon(const Parts& parts) : parts_(parts) {
         return escapedForMenu(QString::fromStdString(parts_.texts.text(key)));
     };
     menu_.addAction(word("Add widgets…"), this, &TrayIcon::galleryRequested);
+    menu_.addAction(word("Use widgets by keyboard"), this, &TrayIcon::keyboardRequested);
     menu_.addAction(word("Quit"), this, &TrayIcon::quitRequested);
     controls_ = new ControlEntries(menu_, parts_.host, ink);
     connect(&watch_, &TrayWatch::found, this, &TrayIcon::appear);

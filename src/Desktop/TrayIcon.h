@@ -38,6 +38,7 @@ public:
 
 signals:
     void galleryRequested();
+    void keyboardRequested();
     void quitRequested();
 
 private:

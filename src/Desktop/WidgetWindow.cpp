@@ -5,6 +5,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleHints>
@@ -13,8 +14,10 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
+#include "Desktop/BoxAccessible.h"
 #include "Desktop/CutOutCard.h"
 #include "Desktop/LiveChange.h"
 #include "Desktop/Screens.h"
@@ -42,6 +45,7 @@ WidgetWindow::WidgetWindow(kit::Family family, const system::Clock& clock)
     setAttribute(Qt::WA_NoSystemBackground);
     setAttribute(Qt::WA_AlwaysShowToolTips);  // The window is never the active one.
     setMouseTracking(true);
+    setFocusPolicy(Qt::TabFocus);
     setFixedSize(windowSize(family));
     updateMask();
     liveTimer_.setSingleShot(true);
@@ -90,11 +94,13 @@ void WidgetWindow::setDragRule(DragRule rule) {
 
 void WidgetWindow::setContent(const kit::DrawnEntry& entry, paint::Redaction redaction,
                               layout::Direction direction, const paint::PaintResources& resources) {
-    retireBoxes(*this);
     picture_.emplace(entry, family_, direction, resources);
     widgetUrl_ = entry.widgetUrl;
     style_.redaction = redaction;
-    announceBoxes(*this);
+    focusChain_.setTargets(redaction == paint::Redaction::shown
+                               ? targetsOf(boxes(), widgetUrl_, kit::widgetSize(family_))
+                               : std::vector<PressTarget>());
+    tellReaders(*this);
     if (underMouse() && gesture_.kind() != PressGesture::Kind::drag) {
         updateCursor(targetAtPointer(mapFromGlobal(QCursor::pos())));
     }
@@ -108,6 +114,18 @@ void WidgetWindow::setToolTipSource(std::function<QString()> source) {
 const layout::PlacedBoxes& WidgetWindow::boxes() const {
     static const layout::PlacedBoxes none;
     return picture_ && style_.redaction == paint::Redaction::shown ? picture_->boxes() : none;
+}
+
+layout::PlacedBoxes WidgetWindow::readableBoxes() const {
+    layout::PlacedBoxes readable;
+    if (widgetUrl_ && style_.redaction == paint::Redaction::shown) {
+        const kit::Size size = kit::widgetSize(family_);
+        readable.push_back({.rect = {0, 0, size.width, size.height},
+                            .action = layout::LinkAction{*widgetUrl_},
+                            .label = accessibleName().toStdString()});
+    }
+    std::ranges::copy_if(boxes(), std::back_inserter(readable), isRead);
+    return readable;
 }
 
 void WidgetWindow::run(const layout::Action& action) {
@@ -133,6 +151,7 @@ void WidgetWindow::paintEvent(QPaintEvent* event) {
     for (const QRect& part : event->region()) {
         drawPart(painter, part);
     }
+    paintFocus(painter);
     scheduleLiveChange();
 }
 
@@ -202,6 +221,75 @@ void WidgetWindow::mouseReleaseEvent(QMouseEvent* event) {
 void WidgetWindow::contextMenuEvent(QContextMenuEvent* event) {
     gesture_.cancel();
     emit menuRequested(event->globalPos());
+}
+
+void WidgetWindow::keyPressEvent(QKeyEvent* event) {
+    const PressTarget* target = focused();
+    const int key = event->key();
+    if (key == Qt::Key_Escape) {
+        emit keyboardReturned();
+    } else if (target != nullptr && !event->isAutoRepeat() &&
+               (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space)) {
+        // A copy: running it may bring new content at once.
+        run(layout::Action(target->action));
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+bool WidgetWindow::focusNextPrevChild(bool next) {
+    const FocusStep step = next ? FocusStep::next : FocusStep::previous;
+    if (focusChain_.move(step)) {
+        showFocus();
+    } else {
+        emit keyboardPassedOn(step);
+    }
+    return true;
+}
+
+void WidgetWindow::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    if (focusChain_.current() == nullptr) {
+        focusChain_.enter(FocusStep::next);
+    }
+    showFocus();
+}
+
+void WidgetWindow::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    update();
+}
+
+const PressTarget* WidgetWindow::focused() const {
+    return hasFocus() ? focusChain_.current() : nullptr;
+}
+
+void WidgetWindow::requestKeyboard() {
+    setFocus();
+    emit keyboardRequested();
+    showFocus();
+}
+
+void WidgetWindow::enterByKeyboard(FocusStep step) {
+    focusChain_.enter(step);
+    requestKeyboard();
+}
+
+void WidgetWindow::focusOn(const PressTarget& target) {
+    focusChain_.choose(target);
+    requestKeyboard();
+}
+
+void WidgetWindow::showFocus() {
+    update();
+    tellReadersOfFocus(*this);
+}
+
+void WidgetWindow::paintFocus(QPainter& painter) const {
+    if (const PressTarget* target = focused()) {
+        painter.scale(1 / style_.scale, 1 / style_.scale);
+        picture_->paintFocus(painter, target->rect, style_);
+    }
 }
 
 void WidgetWindow::closeEvent(QCloseEvent* event) {

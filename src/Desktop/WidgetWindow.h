@@ -8,6 +8,7 @@
 #include <string>
 
 #include "Desktop/Dragging.h"
+#include "Desktop/FocusChain.h"
 #include "Desktop/Press.h"
 #include "Desktop/WindowVisibility.h"
 #include "Kit/Timeline.h"
@@ -47,11 +48,27 @@ public:
 
     /// What is shown, from the window's top left corner; empty while it is redacted.
     [[nodiscard]] const layout::PlacedBoxes& boxes() const;
+    /// What there is to read and to press, in the order in which it is read: a link over the whole
+    /// widget if it has an URL of its own, and the boxes.
+    [[nodiscard]] layout::PlacedBoxes readableBoxes() const;
+    [[nodiscard]] system::Date now() const { return clock_.now(); }
     /// Runs an action as a press on it would.
     void run(const layout::Action& action);
 
+    [[nodiscard]] const FocusChain& focusChain() const { return focusChain_; }
+    /// What the keyboard presses now, if it is here and there is something to press.
+    [[nodiscard]] const PressTarget* focused() const;
+    /// Has the keyboard come: to where it was last, to the first or last target, or to this one.
+    void requestKeyboard();
+    void enterByKeyboard(FocusStep step);
+    void focusOn(const PressTarget& target);
+
 signals:
     void actionRequested(const kelmar::layout::Action& action);
+    void keyboardRequested();
+    /// The Tab key has gone past the last target.
+    void keyboardPassedOn(kelmar::desktop::FocusStep step);
+    void keyboardReturned();
     void movedByHand(QPoint position);
     void menuRequested(QPoint screenPosition);
 
@@ -63,6 +80,10 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -71,6 +92,8 @@ private:
     void updateCursor(const std::optional<PressTarget>& target);
     void drawPart(QPainter& painter, const QRect& part);
     void redrawLiveAreas();
+    void paintFocus(QPainter& painter) const;
+    void showFocus();
     void updateMask();
     void scheduleLiveChange();
 
@@ -84,6 +107,7 @@ private:
     std::optional<system::Date> shownMoment_;  ///< When it was last drawn.
     PressGesture gesture_;
     DragRule dragRule_;
+    FocusChain focusChain_;
     QPoint grip_;  ///< From the window's top left corner to where the pointer holds it.
     std::unique_ptr<WindowVisibility> visibility_;
     QTimer liveTimer_;

@@ -17,6 +17,7 @@ const QColor defaultAccent(0x3d, 0x6f, 0xd6);
 constexpr double tintContrast = 5.9;  // on the card; still above 4.5 on the tint's own soft fill
 constexpr double secondaryContrast = 5.2;  // clearly below primary, clearly above the limit
 constexpr double primaryContrast = 10;
+constexpr double focusContrast = 4.5;
 constexpr double fillOpacity = 0.08;
 
 QColor withAlpha(QColor color, double alpha) {
@@ -117,6 +118,14 @@ QColor Palette::background(const kit::Color& color) const {
         return inks_.card;
     }
     return composited(this->color(color), inks_.card);
+}
+
+QColor Palette::focus(const QColor& card) const {
+    if (appearance_.renderingMode == RenderingMode::vibrant) {
+        return inks_.primary;
+    }
+    const QColor& accent = appearance_.accent.isValid() ? appearance_.accent : defaultAccent;
+    return withContrastAtLeast(accent, card, focusContrast);
 }
 
 QColor Palette::styled(ColorStyle style) const {

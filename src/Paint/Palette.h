@@ -29,6 +29,9 @@ public:
     /// behind shines through.
     [[nodiscard]] QColor background(const kit::Color& color) const;
 
+    /// For marking what has the keyboard: the accent, made to stand out from this card.
+    [[nodiscard]] QColor focus(const QColor& card) const;
+
     /// The hairline round the card.
     [[nodiscard]] QColor edge() const { return inks_.edge; }
 

@@ -7,6 +7,7 @@
 
 #include "Kit/Metrics.h"
 #include "Paint/BoxPainter.h"
+#include "Paint/FocusRing.h"
 #include "Paint/Palette.h"
 #include "Paint/PixelGrid.h"
 
@@ -113,6 +114,14 @@ layout::PlacedBoxes WidgetPicture::boxesIn(const layout::Rect& area) const {
 void WidgetPicture::paint(QPainter& painter, const PaintStyle& style, system::Date now) const {
     paintCard(painter, style);
     paintBoxes(painter, boxes_, {resources_, style, direction_, now});
+}
+
+void WidgetPicture::paintFocus(QPainter& painter, const layout::Rect& rect,
+                               const PaintStyle& style) const {
+    const Palette palette(style.appearance);
+    const QColor card = palette.background(background_);
+    paintFocusRing(painter, {.rect = rect, .widget = size_},
+                   {.ring = palette.focus(card), .card = card}, style.scale);
 }
 
 void WidgetPicture::paintCard(QPainter& painter, const PaintStyle& style) const {

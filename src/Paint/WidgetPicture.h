@@ -48,6 +48,9 @@ public:
     /// Draws the card and the content from the painter's origin, in device pixels (see paintBoxes).
     void paint(QPainter& painter, const PaintStyle& style, system::Date now) const;
 
+    /// Marks a place in the widget as the one that has the keyboard; in device pixels as well.
+    void paintFocus(QPainter& painter, const layout::Rect& rect, const PaintStyle& style) const;
+
 private:
     /// Those of the boxes that may reach into an area, which is in points.
     [[nodiscard]] layout::PlacedBoxes boxesIn(const layout::Rect& area) const;

@@ -54,6 +54,22 @@ TEST(PressTarget, IsNothingOutsideTheWidget) {
     EXPECT_EQ(at(-1, 20, "kelmarplanner://dashboard"), std::nullopt);
 }
 
+TEST(PressTargets, AreTheBoxesWithAnActionInTheirOrder) {
+    const std::vector<PressTarget> targets = targetsOf(rows, {}, widget);
+    ASSERT_EQ(targets.size(), 3U);
+    EXPECT_EQ(targets[1], (PressTarget{openFirst, {43, 36, 300, 30}}));
+}
+
+TEST(PressTargets, BeginWithTheWholeWidgetThatHasAnUrl) {
+    const std::vector<PressTarget> targets = targetsOf(rows, "kelmarplanner://dashboard", widget);
+    ASSERT_EQ(targets.size(), 4U);
+    EXPECT_EQ(targets[0], (PressTarget{LinkAction{"kelmarplanner://dashboard"}, {0, 0, 364, 170}}));
+}
+
+TEST(PressTargets, LeaveOutWhatCannotBePressed) {
+    EXPECT_TRUE(targetsOf({box({0, 0, 10, 10}, std::monostate())}, {}, widget).empty());
+}
+
 class PressGestureTest : public testing::Test {
 protected:
     void begin(double x, double y) { gesture_.begin({x, y}, at(x, y)); }

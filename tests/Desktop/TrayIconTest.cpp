@@ -37,7 +37,8 @@ TEST_F(TrayIconTest, MenuHoldsTheControlsTheGalleryAndTheEnd) {
     for (const QAction* action : tray_.menu().actions()) {
         entries.push_back(action->isSeparator() ? "-" : action->text().toStdString());
     }
-    EXPECT_THAT(entries, testing::ElementsAre("Lamp", "-", "Add widgets…", "Quit"));
+    EXPECT_THAT(entries, testing::ElementsAre("Lamp", "-", "Add widgets…",
+                                              "Use widgets by keyboard", "Quit"));
 }
 
 TEST_F(TrayIconTest, MenuAsksForTheGallery) {
@@ -45,6 +46,13 @@ TEST_F(TrayIconTest, MenuAsksForTheGallery) {
     QObject::connect(&tray_, &TrayIcon::galleryRequested, [&] { ++wishes; });
     tray_.menu().actions().constFirst()->trigger();
     EXPECT_EQ(wishes, 1);
+}
+
+TEST_F(TrayIconTest, EntryForTheKeyboardAsksForIt) {
+    int requests = 0;
+    QObject::connect(&tray_, &TrayIcon::keyboardRequested, [&] { ++requests; });
+    tray_.menu().actions().at(1)->trigger();
+    EXPECT_EQ(requests, 1);
 }
 
 TEST_F(TrayIconTest, LastEntryAsksForTheEnd) {

@@ -1,4 +1,5 @@
 #include <QAccessible>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QExposeEvent>
@@ -269,9 +270,117 @@ TEST_F(LiveWindowTest, WhatChangedUnseenIsDrawnAsSoonAsItCanBeSeen) {
     EXPECT_EQ(paints_.count, 1);
 }
 
+class WidgetKeyboardTest : public WidgetWindowTest {
+protected:
+    WidgetKeyboardTest() {
+        QObject::connect(&window_, &WidgetWindow::keyboardPassedOn,
+                         [this](FocusStep step) { passedOn_.push_back(step); });
+        QObject::connect(&window_, &WidgetWindow::keyboardReturned, [this] { ++returned_; });
+    }
+
+    void giveKeyboard() {
+        window_.activateWindow();
+        QApplication::setActiveWindow(&window_);
+        window_.setFocus();
+    }
+
+    void key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, bool isRepeated = false) {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, QString(), isRepeated);
+        QCoreApplication::sendEvent(&window_, &event);
+    }
+
+    std::vector<FocusStep> passedOn_;
+    int returned_ = 0;
+};
+
+const layout::Action buttonAction = layout::ButtonAction{press};
+const layout::Action linkAction = layout::LinkAction{"probe://linked"};
+
+TEST_F(WidgetKeyboardTest, KeyboardComesToTheFirstTarget) {
+    EXPECT_EQ(window_.focused(), nullptr);
+    giveKeyboard();
+    ASSERT_NE(window_.focused(), nullptr);
+    EXPECT_EQ(window_.focused()->action, buttonAction);
+}
+
+TEST_F(WidgetKeyboardTest, TabReachesEverythingAndThenPassesTheKeyboardOn) {
+    giveKeyboard();
+    key(Qt::Key_Tab);
+    EXPECT_EQ(window_.focused()->action, linkAction);
+    EXPECT_TRUE(passedOn_.empty());
+    key(Qt::Key_Tab);
+    EXPECT_THAT(passedOn_, ElementsAre(FocusStep::next));
+    key(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(window_.focused()->action, buttonAction);
+    key(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_THAT(passedOn_, ElementsAre(FocusStep::next, FocusStep::previous));
+}
+
+TEST_F(WidgetKeyboardTest, EnterAndSpacePressWhatIsMarked) {
+    giveKeyboard();
+    key(Qt::Key_Return);
+    key(Qt::Key_Tab);
+    key(Qt::Key_Space);
+    key(Qt::Key_Enter);
+    EXPECT_THAT(actions_, ElementsAre(buttonAction, linkAction, linkAction));
+}
+
+TEST_F(WidgetKeyboardTest, KeyThatIsHeldDownPressesOnce) {
+    giveKeyboard();
+    key(Qt::Key_Return);
+    key(Qt::Key_Return, Qt::NoModifier, true);
+    EXPECT_EQ(actions_.size(), 1U);
+}
+
+TEST_F(WidgetKeyboardTest, WidgetsOwnUrlIsATarget) {
+    show(entry("probe://whole"));
+    giveKeyboard();
+    key(Qt::Key_Return);
+    EXPECT_THAT(actions_, ElementsAre(layout::Action(layout::LinkAction{"probe://whole"})));
+}
+
+TEST_F(WidgetKeyboardTest, RedactedWidgetHasNothingToPress) {
+    show(entry("probe://whole"), paint::Redaction::redacted);
+    giveKeyboard();
+    key(Qt::Key_Return);
+    EXPECT_TRUE(actions_.empty());
+    EXPECT_EQ(window_.focused(), nullptr);
+}
+
+TEST_F(WidgetKeyboardTest, EscapeGivesTheKeyboardBack) {
+    giveKeyboard();
+    key(Qt::Key_Escape);
+    EXPECT_EQ(returned_, 1);
+}
+
+TEST_F(WidgetKeyboardTest, RingIsSeenOnlyWhereTheKeyboardIs) {
+    // Between the ring's middle, 3 points beside the button, and the button itself.
+    const auto isMarked = [this](QPoint place) {
+        return window_.grab().toImage().pixelColor(place) != QColor(0, 0, 255);
+    };
+    constexpr QPoint besideButton(13, 36);
+    constexpr QPoint besideLink(73, 36);
+    EXPECT_FALSE(isMarked(besideButton));
+    giveKeyboard();
+    EXPECT_TRUE(isMarked(besideButton));
+    key(Qt::Key_Tab);
+    EXPECT_FALSE(isMarked(besideButton));
+    EXPECT_TRUE(isMarked(besideLink));
+}
+
 class WidgetAccessibilityTest : public WidgetWindowTest {
 protected:
     static void SetUpTestSuite() { installWidgetAccessibility(); }
+
+    static kit::DrawnEntry showing(kit::View view) {
+        return {.content = std::move(view), .background = kit::tertiaryFill, .widgetUrl = {}};
+    }
+    static kit::View toggle(bool isOn) {
+        return kit::Toggle{.isOn = isOn,
+                           .intent = press,
+                           .child = kit::View(kit::Accessible{.label = "Alarm", .child = field()})};
+    }
+    static kit::View bar(double value) { return kit::Progress{.value = kit::BarValue{value}}; }
 
     QAccessibleInterface* widget() { return QAccessible::queryAccessibleInterface(&window_); }
 
@@ -312,17 +421,67 @@ TEST_F(WidgetAccessibilityTest, PressActionRunsTheBox) {
 }
 
 TEST_F(WidgetAccessibilityTest, ToggleSaysWhetherItIsOn) {
-    kit::DrawnEntry drawn = entry();
-    drawn.content =
-        kit::Toggle{.isOn = true,
-                    .intent = press,
-                    .child = kit::View(kit::Accessible{.label = "Alarm", .child = field()})};
-    show(drawn);
+    show(showing(toggle(true)));
     ASSERT_THAT(names(), ElementsAre("Alarm"));
     EXPECT_EQ(widget()->child(0)->role(), QAccessible::CheckBox);
     EXPECT_TRUE(widget()->child(0)->state().checked);
-    EXPECT_EQ(widget()->child(0)->actionInterface()->actionNames(),
-              QStringList{QAccessibleActionInterface::toggleAction()});
+    EXPECT_TRUE(widget()->child(0)->actionInterface()->actionNames().contains(
+        QAccessibleActionInterface::toggleAction()));
+}
+
+TEST_F(WidgetAccessibilityTest, ToggleThatIsFlippedStaysTheSameObject) {
+    show(showing(toggle(true)));
+    QAccessibleInterface* const before = widget()->child(0);
+    show(showing(toggle(false)));
+    EXPECT_EQ(widget()->child(0), before);
+    EXPECT_FALSE(before->state().checked);
+}
+
+TEST_F(WidgetAccessibilityTest, BarSaysHowFullItIsUnderTheWidgetsName) {
+    show(showing(bar(0.25)));
+    ASSERT_THAT(names(), ElementsAre("Probe"));
+    EXPECT_EQ(widget()->child(0)->role(), QAccessible::ProgressBar);
+    ASSERT_NE(widget()->child(0)->valueInterface(), nullptr);
+    EXPECT_EQ(widget()->child(0)->valueInterface()->currentValue(), 0.25);
+    show(showing(bar(0.5)));
+    EXPECT_EQ(widget()->child(0)->valueInterface()->currentValue(), 0.5);
+}
+
+TEST_F(WidgetAccessibilityTest, CountdownSaysWhatIsLeft) {
+    show(showing(kit::Countdown{.from = clock_.now(), .to = clock_.now() + 90, .font = {}}));
+    EXPECT_THAT(names(), ElementsAre("1:30"));
+    clock_.set(clock_.now() + 20);
+    EXPECT_THAT(names(), ElementsAre("1:10"));
+}
+
+TEST_F(WidgetAccessibilityTest, WidgetsOwnUrlIsALinkOfItsName) {
+    show(entry("probe://whole"));
+    ASSERT_THAT(names(), ElementsAre("Probe", "Mark it done", "Open it"));
+    EXPECT_EQ(widget()->child(0)->role(), QAccessible::Link);
+    EXPECT_EQ(widget()->childAt(100, 100), widget()->child(1));
+    widget()->child(0)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_THAT(actions_, ElementsAre(layout::Action(layout::LinkAction{"probe://whole"})));
+}
+
+TEST_F(WidgetAccessibilityTest, OtherContentMakesOtherChildren) {
+    ASSERT_EQ(names().size(), 2U);
+    const QAccessible::Id former = QAccessible::uniqueId(widget()->child(0));
+    show(showing(kit::Text{.text = "All done", .font = {}}));
+    EXPECT_EQ(QAccessible::accessibleInterface(former), nullptr);
+    EXPECT_THAT(names(), ElementsAre("All done"));
+}
+
+TEST_F(WidgetAccessibilityTest, KeyboardIsFollowed) {
+    ASSERT_EQ(names().size(), 2U);
+    int requests = 0;
+    QObject::connect(&window_, &WidgetWindow::keyboardRequested, [&] { ++requests; });
+    QApplication::setActiveWindow(&window_);
+    widget()->child(1)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_EQ(requests, 1);
+    EXPECT_EQ(widget()->focusChild(), widget()->child(1));
+    EXPECT_TRUE(widget()->child(1)->state().focused);
+    EXPECT_FALSE(widget()->child(0)->state().focused);
+    EXPECT_TRUE(widget()->child(0)->state().focusable);
 }
 
 TEST_F(WidgetAccessibilityTest, TextIsReadAndCannotBePressed) {

@@ -2,6 +2,7 @@
 down. In its own folder it finds and leaves these files:
 
     color       the background's colour as "r g b" from 0 to 1, read for every timeline
+    flipped     once the toggle has been pressed; it is off then
     live        what is shown besides, a name a line: "countdown", "bar", "slow bar"
     requests    one line for every request that has come, as JSON
     pid         the process id of the one that runs now
@@ -38,6 +39,8 @@ class Probe:
         if method in ("widget/placeholder", "widget/snapshot"):
             return self._entry(parameters)
         if method == "intent/perform":
+            if parameters["intent"]["name"] == "Flip":
+                self._write("flipped", "w", "")
             self._open("probe://performed/" + parameters["intent"]["name"])
             return {}
         raise AssertionError(method)
@@ -51,7 +54,7 @@ class Probe:
         return entry
 
     def _content(self, kind):
-        parts = [fields(kind)] + [live_thing(name) for name in self._live_things()]
+        parts = [fields(kind, not self._has("flipped"))] + [live_thing(name) for name in self._live_things()]
         return {"type": "frame", "maxWidth": "infinity", "maxHeight": "infinity",
                 "alignment": "topLeading", "child":
                 {"type": "vstack", "alignment": "leading", "spacing": 20, "children": parts}}
@@ -62,6 +65,9 @@ class Probe:
                 return file.read().splitlines()
         except FileNotFoundError:
             return []
+
+    def _has(self, name):
+        return os.path.exists(os.path.join(self._folder, name))
 
     def _color(self):
         try:
@@ -100,12 +106,13 @@ def field(color):
             {"type": "shape", "shape": "rectangle", "fill": {"rgb": color}}}
 
 
-def fields(kind):
+def fields(kind, is_on):
     """A button, a toggle and a link in a row, 20 points apart."""
     return {"type": "hstack", "spacing": 20, "children": [
         {"type": "button", "label": "Press " + kind, "child": field([1, 0, 0]),
          "intent": {"name": "Press", "parameters": {"id": "a/b", "count": 3, "on": True}}},
-        {"type": "toggle", "isOn": True, "child": field([0, 1, 0]),
+        {"type": "toggle", "isOn": is_on, "child":
+         {"type": "accessible", "label": "Flip " + kind, "child": field([0, 1, 0])},
          "intent": {"name": "Flip", "parameters": {"value": False}}},
         {"type": "link", "url": "probe://linked", "child": field([1, 1, 0])}]}
 

@@ -89,6 +89,13 @@ class Session:
         subprocess.run(["xsetroot", "-solid", "#%02x%02x%02x" % WALLPAPER], env=self.environment,
                        check=True)
 
+    def start_accessibility_bus(self):
+        """What a desktop starts for screen readers, on a bus of their own."""
+        self.processes.start("at-spi-bus-launcher",
+                             ["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"],
+                             self.environment)
+        wait_until(self._has_accessibility_bus, "the accessibility bus")
+
     def end(self):
         self.processes.end_all()
         shutil.rmtree(self.folder, ignore_errors=True)
@@ -191,6 +198,12 @@ class Session:
                                 check=True, stdout=subprocess.PIPE, text=True).stdout
         number = answer.split("#")[-1].strip()
         return None if number == "0x0" else number
+
+    def keyboard_owner(self):
+        """The window that really has the keyboard, whatever its window manager thinks."""
+        answer = subprocess.run(["xdotool", "getwindowfocus"], env=self.environment, check=False,
+                                stdout=subprocess.PIPE, text=True).stdout
+        return int(answer) if answer.strip() else None
 
     def settle(self):
         """Lets everything that was sent arrive: what must NOT happen can only be waited for."""
@@ -305,6 +318,12 @@ class Session:
             "dbus", ["dbus-daemon", "--config-file", configuration, "--nofork", "--print-address"],
             self.environment, stdout=subprocess.PIPE)
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip()
+
+    def _has_accessibility_bus(self):
+        return subprocess.run(
+            ["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus",
+             "org.a11y.Bus.GetAddress"], env=self.environment, check=False,
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
 
     def _has_window_manager(self):
         answer = subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"],

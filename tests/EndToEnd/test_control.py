@@ -120,7 +120,8 @@ class BusTrayTest(ControlTest):
 
     def test_older_system_has_no_toggle_there(self):
         self.start_both("--system-version", "25.9.9")
-        self.assertEqual(self.labels(), ["Add widgets…", "Quit"])
+        self.assertEqual(self.labels(),
+                         ["Add widgets…", "Use widgets by keyboard", "Quit"])
 
     def test_texts_are_in_the_users_language(self):
         self.session.environment["LC_ALL"] = "de_DE.UTF-8"
