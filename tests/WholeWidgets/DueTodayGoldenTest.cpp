@@ -18,6 +18,10 @@ TEST_P(DueTodayGolden, LooksAsBefore) {
     expectLooksAsBefore(GetParam());
 }
 
+TEST_P(DueTodayGolden, CanBeRead) {
+    expectCanBeRead(GetParam());
+}
+
 INSTANTIATE_TEST_SUITE_P(
     States, DueTodayGolden,
     ::testing::Values(GoldenCase{.name = "week", .kind = kind, .input = "week"},

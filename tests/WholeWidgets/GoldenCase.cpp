@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <fmt/format.h>
 #include <fstream>
+#include <iostream>
 #include <sstream>
 
 #include "Kit/Archive.h"
@@ -16,6 +18,7 @@
 #include "tests/Support/GoldenPicture.h"
 #include "tests/Support/MemoryFolder.h"
 #include "tests/Support/TestSurroundings.h"
+#include "tests/WholeWidgets/TextContrast.h"
 
 namespace kelmar::testing {
 
@@ -58,13 +61,16 @@ public:
     }
 
     [[nodiscard]] kit::DrawnEntry drawn(const GoldenCase& goldenCase, kit::Family family) const {
+        return drawn(goldenCase, family, goldenCase.mode);
+    }
+    [[nodiscard]] kit::DrawnEntry drawn(const GoldenCase& goldenCase, kit::Family family,
+                                        kit::RenderingMode mode) const {
         const widget::PlannerWidgets widgets(surroundings_);
         return widgets.widget(goldenCase.kind)
             ->timeline()
             .entries.front()
-            .draw({.family = family,
-                   .contentSize = kit::contentSize(family),
-                   .renderingMode = goldenCase.mode});
+            .draw(
+                {.family = family, .contentSize = kit::contentSize(family), .renderingMode = mode});
     }
 
     [[nodiscard]] layout::Direction direction() const { return direction_; }
@@ -85,6 +91,41 @@ void expectSameArchive(const kit::DrawnEntry& entry, const std::string& name) {
     }
     ASSERT_TRUE(fs::exists(expected)) << expected;
     EXPECT_EQ(archive, contentOf(expected)) << expected;
+}
+
+std::vector<paint::Appearance> appearances(kit::RenderingMode mode) {
+    // Light, dark and full of colour: what an accent can be at its worst.
+    const std::vector<QColor> accents =
+        mode == kit::RenderingMode::accented
+            ? std::vector{QColor(), QColor(0xf6, 0xd3, 0x2d), QColor(0, 0, 0xff), QColor(Qt::white)}
+            : std::vector{QColor()};
+    std::vector<paint::Appearance> appearances;
+    for (const paint::Scheme scheme : {paint::Scheme::light, paint::Scheme::dark}) {
+        for (const QColor& accent : accents) {
+            appearances.push_back({scheme, mode, accent});
+        }
+    }
+    return appearances;
+}
+
+std::string described(const paint::Appearance& appearance) {
+    return std::string(kit::nameOf(appearance.renderingMode)) +
+           (appearance.scheme == paint::Scheme::light ? " light" : " dark") +
+           (appearance.accent.isValid() ? " " + appearance.accent.name().toStdString() : "");
+}
+
+void expectReadableTexts(const layout::PlacedBoxes& boxes, const kit::Color& background,
+                         const paint::PaintContext& context) {
+    for (const TextContrast& text : textContrasts(boxes, background, context)) {
+        const std::string finding =
+            fmt::format("{:5.2f}:1 at {:g} points, {}, {}: \"{}\"", text.contrast, text.size,
+                        text.colors, described(context.style.appearance), text.text);
+        if (text.choice == ColorChoice::named) {
+            std::cout << "named color " << finding << '\n';
+        } else {
+            EXPECT_GE(text.contrast, text.least()) << finding;
+        }
+    }
 }
 
 }  // namespace
@@ -115,6 +156,24 @@ void expectLooksAsBefore(const GoldenCase& goldenCase) {
                                       .scale = goldenCase.scale};
         EXPECT_TRUE(
             looksAsExpected(picture.image(style, system::Date::since1970(goldenCase.now)), name));
+    }
+}
+
+void expectCanBeRead(const GoldenCase& goldenCase) {
+    const paint::PaintResources resources{paint::FontSet("Inter", "Quicksand")};
+    const Scene scene(goldenCase);
+    for (const kit::Family family : goldenCase.families) {
+        for (const kit::RenderingMode mode : kit::renderingModes) {
+            const kit::DrawnEntry entry = scene.drawn(goldenCase, family, mode);
+            const paint::WidgetPicture picture(entry, family, scene.direction(), resources);
+            for (const paint::Appearance& appearance : appearances(mode)) {
+                expectReadableTexts(picture.boxes(), entry.background,
+                                    {.resources = resources,
+                                     .style = {.appearance = appearance},
+                                     .direction = scene.direction(),
+                                     .now = system::Date::since1970(goldenCase.now)});
+            }
+        }
     }
 }
 

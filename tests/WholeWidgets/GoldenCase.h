@@ -35,4 +35,8 @@ void PrintTo(const GoldenCase& goldenCase, std::ostream* stream);  // NOLINT: Go
 /// Compares the case's first timeline entry, family by family.
 void expectLooksAsBefore(const GoldenCase& goldenCase);
 
+/// Holds every text whose colour the host chooses to the contrast of WCAG 2, in every rendering
+/// mode and scheme and with several accent colours. What the named colours reach is printed.
+void expectCanBeRead(const GoldenCase& goldenCase);
+
 }  // namespace kelmar::testing

@@ -16,6 +16,10 @@ TEST_P(ScheduleGolden, LooksAsBefore) {
     expectLooksAsBefore(GetParam());
 }
 
+TEST_P(ScheduleGolden, CanBeRead) {
+    expectCanBeRead(GetParam());
+}
+
 INSTANTIATE_TEST_SUITE_P(
     States, ScheduleGolden,
     ::testing::Values(

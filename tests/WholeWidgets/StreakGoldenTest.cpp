@@ -15,6 +15,10 @@ TEST_P(StreakGolden, LooksAsBefore) {
     expectLooksAsBefore(GetParam());
 }
 
+TEST_P(StreakGolden, CanBeRead) {
+    expectCanBeRead(GetParam());
+}
+
 /// The widget has no large family.
 GoldenCase streak(GoldenCase goldenCase) {
     goldenCase.kind = kind;

@@ -14,6 +14,10 @@ TEST_P(StudyTimerGolden, LooksAsBefore) {
     expectLooksAsBefore(GetParam());
 }
 
+TEST_P(StudyTimerGolden, CanBeRead) {
+    expectCanBeRead(GetParam());
+}
+
 /// The widget has no large family.
 GoldenCase timer(GoldenCase goldenCase) {
     goldenCase.kind = kind;
