@@ -240,6 +240,7 @@ void Desktop::showContent(host::WidgetId id) {
 void Desktop::dress(WidgetWindow& window) const {
     window.setCorners(parts_.compositor.isRunning() ? Corners::transparent : Corners::cutOut);
     window.setAppearance(parts_.look.appearance());
+    window.setMotion(parts_.look.motion());
 }
 
 void Desktop::takeLook() {

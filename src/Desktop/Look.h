@@ -22,6 +22,7 @@ public:
     void setRenderingMode(kit::RenderingMode mode);
     [[nodiscard]] kit::RenderingMode renderingMode() const { return renderingMode_; }
     [[nodiscard]] paint::Appearance appearance() const;
+    [[nodiscard]] Motion motion() const { return settings_.preferences().leastMotion(); }
     /// Valid until `changed`, during which the former ones are still there.
     [[nodiscard]] const paint::PaintResources& resources() const { return *resources_; }
 

@@ -24,6 +24,7 @@ const auto interface = QStringLiteral("org.freedesktop.portal.Settings");
 const auto appearance = QStringLiteral("org.freedesktop.appearance");
 const auto gnomeInterface = QStringLiteral("org.gnome.desktop.interface");
 const auto kdeGeneral = QStringLiteral("org.kde.kdeglobals.General");
+const auto kdeAll = QStringLiteral("org.kde.kdeglobals.KDE");
 
 std::optional<paint::Scheme> schemeOf(const QVariant& value) {
     switch (value.toUInt()) {
@@ -60,6 +61,10 @@ QColor accentOf(const QVariant& value) {
                    : QColor();
 }
 
+Motion motionIf(bool mayMove) {
+    return mayMove ? Motion::full : Motion::reduced;
+}
+
 /// The family in "Noto Sans Bold 11", as Pango writes font descriptions.
 std::optional<QString> familyOfPangoFont(const QString& description) {
     static const QStringList styleWords{"Thin",     "Ultra-Light", "Extra-Light", "Light",
@@ -92,6 +97,12 @@ Preferences withSetting(Preferences preferences, const QString& settingNamespace
         preferences.scheme = schemeOf(value);
     } else if (settingNamespace == appearance && key == "accent-color") {
         preferences.accent = accentOf(value);
+    } else if (settingNamespace == appearance && key == "reduced-motion") {
+        preferences.motion = motionIf(value.toUInt() != 1);
+    } else if (settingNamespace == gnomeInterface && key == "enable-animations") {
+        preferences.toolkitMotion = motionIf(value.toBool());
+    } else if (settingNamespace == kdeAll && key == "AnimationDurationFactor") {
+        preferences.toolkitMotion = motionIf(value.toString() != "0");
     } else if (settingNamespace == gnomeInterface && key == "font-name") {
         preferences.fontFamily = familyOfPangoFont(value.toString());
     } else if (settingNamespace == kdeGeneral && key == "font") {
@@ -121,7 +132,7 @@ PortalSettings::PortalSettings(host::Log& log, QObject* parent) : QObject(parent
 void PortalSettings::readAll() {
     QDBusMessage call =
         QDBusMessage::createMethodCall(service, objectPath, interface, QStringLiteral("ReadAll"));
-    call << QStringList{appearance, gnomeInterface, kdeGeneral};
+    call << QStringList{appearance, gnomeInterface, kdeGeneral, kdeAll};
     auto* watcher =
         new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this,

@@ -6,6 +6,7 @@
 #include <QVariant>
 #include <optional>
 
+#include "Desktop/Motion.h"
 #include "Host/Log.h"
 #include "Paint/Appearance.h"
 
@@ -19,6 +20,13 @@ struct Preferences {
     std::optional<paint::Scheme> scheme;
     QColor accent;  ///< Invalid for none.
     std::optional<QString> fontFamily;
+    /// Said in two places: for all programs, and by the desktop for its own toolkit.
+    Motion motion = Motion::full;
+    Motion toolkitMotion = Motion::full;
+
+    [[nodiscard]] Motion leastMotion() const {
+        return motion == Motion::full ? toolkitMotion : motion;
+    }
 
     friend bool operator==(const Preferences&, const Preferences&) = default;
 };

@@ -51,6 +51,7 @@ WidgetWindow::WidgetWindow(kit::Family family, const system::Clock& clock)
     liveTimer_.setSingleShot(true);
     liveTimer_.setTimerType(Qt::PreciseTimer);
     connect(&liveTimer_, &QTimer::timeout, this, &WidgetWindow::redrawLiveAreas);
+    connect(&crossFade_, &CrossFade::advanced, this, qOverload<>(&WidgetWindow::update));
 }
 
 void WidgetWindow::setName(const QString& name) {
@@ -94,7 +95,9 @@ void WidgetWindow::setDragRule(DragRule rule) {
 
 void WidgetWindow::setContent(const kit::DrawnEntry& entry, paint::Redaction redaction,
                               layout::Direction direction, const paint::PaintResources& resources) {
-    picture_.emplace(entry, family_, direction, resources);
+    paint::WidgetPicture next(entry, family_, direction, resources);
+    fadeTo(next, redaction);
+    picture_.emplace(std::move(next));
     widgetUrl_ = entry.widgetUrl;
     style_.redaction = redaction;
     focusChain_.setTargets(redaction == paint::Redaction::shown
@@ -151,6 +154,7 @@ void WidgetWindow::paintEvent(QPaintEvent* event) {
     for (const QRect& part : event->region()) {
         drawPart(painter, part);
     }
+    paintFormer(painter);
     paintFocus(painter);
     scheduleLiveChange();
 }
@@ -162,9 +166,38 @@ void WidgetWindow::drawPart(QPainter& painter, const QRect& part) {
     const QRect pixels =
         QRectF(QPointF(part.topLeft()) * scale, QSizeF(part.size()) * scale).toAlignedRect() &
         whole;
+    painter.drawImage(QPointF(pixels.topLeft()) / scale, shownPicture(pixels));
+}
+
+QImage WidgetWindow::shownPicture(const QRect& pixels) const {
     const QImage image = picture_->image(style_, *shownMoment_, pixels);
-    painter.drawImage(QPointF(pixels.topLeft()) / scale,
-                      corners_ == Corners::cutOut ? opaqueCard(image) : image);
+    return corners_ == Corners::cutOut ? opaqueCard(image) : image;
+}
+
+/// A placeholder has nothing that would be worth fading, nor has a widget that has not been drawn
+/// or cannot be seen, nor one of another size.
+void WidgetWindow::fadeTo(const paint::WidgetPicture& next, paint::Redaction redaction) {
+    const bool shows = picture_ && shownMoment_ && style_.redaction == paint::Redaction::shown &&
+                       isVisible() && visibility_ && visibility_->canBeSeen();
+    const bool mayFade = motion_ == Motion::full && redaction == paint::Redaction::shown;
+    if (!shows || !mayFade || next.size() != picture_->size()) {
+        crossFade_.end();
+    } else if (!next.showsSameAs(*picture_)) {
+        crossFade_.begin(shownPicture(QRect(QPoint(), picture_->pixelSize(style_.scale))));
+    }
+}
+
+void WidgetWindow::paintFormer(QPainter& painter) const {
+    const QImage& former = crossFade_.former();
+    if (former.isNull() || former.devicePixelRatio() != devicePixelRatioF()) {
+        return;
+    }
+    // Not over the new picture but mixed with it, which keeps what shines through as it is.
+    painter.save();
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.setOpacity(crossFade_.remaining());
+    painter.drawImage(QPointF(), former);
+    painter.restore();
 }
 
 void WidgetWindow::showEvent(QShowEvent* event) {

@@ -7,8 +7,10 @@
 #include <optional>
 #include <string>
 
+#include "Desktop/CrossFade.h"
 #include "Desktop/Dragging.h"
 #include "Desktop/FocusChain.h"
+#include "Desktop/Motion.h"
 #include "Desktop/Press.h"
 #include "Desktop/WindowVisibility.h"
 #include "Kit/Timeline.h"
@@ -36,6 +38,8 @@ public:
     void setFamily(kit::Family family);
     void setAppearance(const paint::Appearance& appearance);
     void setCorners(Corners corners);
+    /// Whether new content may fade in.
+    void setMotion(Motion motion) { motion_ = motion; }
     /// By which the window can be dragged; without one it cannot.
     void setDragRule(DragRule rule);
     /// What is to be seen from now on; `resources` must outlive it. A redacted widget cannot be
@@ -92,6 +96,9 @@ private:
     void updateCursor(const std::optional<PressTarget>& target);
     void drawPart(QPainter& painter, const QRect& part);
     void redrawLiveAreas();
+    [[nodiscard]] QImage shownPicture(const QRect& pixels) const;
+    void fadeTo(const paint::WidgetPicture& next, paint::Redaction redaction);
+    void paintFormer(QPainter& painter) const;
     void paintFocus(QPainter& painter) const;
     void showFocus();
     void updateMask();
@@ -101,6 +108,7 @@ private:
     kit::Family family_;
     paint::PaintStyle style_;
     Corners corners_ = Corners::cutOut;
+    Motion motion_ = Motion::full;
     std::optional<paint::WidgetPicture> picture_;
     std::optional<std::string> widgetUrl_;
     std::function<QString()> toolTipSource_;
@@ -111,6 +119,7 @@ private:
     QPoint grip_;  ///< From the window's top left corner to where the pointer holds it.
     std::unique_ptr<WindowVisibility> visibility_;
     QTimer liveTimer_;
+    CrossFade crossFade_;
 };
 
 }  // namespace kelmar::desktop

@@ -30,6 +30,11 @@ public:
     /// and screen reader are served from.
     [[nodiscard]] const layout::PlacedBoxes& boxes() const { return boxes_; }
 
+    /// Whether both show the same at any moment in the same style.
+    [[nodiscard]] bool showsSameAs(const WidgetPicture& other) const {
+        return boxes_ == other.boxes_ && background_ == other.background_;
+    }
+
     /// In points.
     [[nodiscard]] kit::Size size() const { return size_; }
 

@@ -30,6 +30,23 @@ TEST(PortalSettings, OtherSettingsChangeNothing) {
     EXPECT_EQ(withSetting(dark, gnome, "color-scheme", "prefer-light"), dark);
 }
 
+TEST(PortalSettings, MotionIsReducedWhereverTheUserSaysSo) {
+    const QString kde = "org.kde.kdeglobals.KDE";
+    EXPECT_EQ(Preferences().leastMotion(), Motion::full);
+    EXPECT_EQ(with(appearance, "reduced-motion", 0U).leastMotion(), Motion::full);
+    EXPECT_EQ(with(appearance, "reduced-motion", 1U).leastMotion(), Motion::reduced);
+    EXPECT_EQ(with(gnome, "enable-animations", true).leastMotion(), Motion::full);
+    EXPECT_EQ(with(gnome, "enable-animations", false).leastMotion(), Motion::reduced);
+    EXPECT_EQ(with(kde, "AnimationDurationFactor", "1").leastMotion(), Motion::full);
+    EXPECT_EQ(with(kde, "AnimationDurationFactor", "0").leastMotion(), Motion::reduced);
+}
+
+TEST(PortalSettings, OneWishForStillnessIsEnough) {
+    const Preferences still = with(appearance, "reduced-motion", 1U);
+    EXPECT_EQ(withSetting(still, gnome, "enable-animations", true).leastMotion(), Motion::reduced);
+    EXPECT_EQ(withSetting(still, appearance, "reduced-motion", 0U).leastMotion(), Motion::full);
+}
+
 TEST(PortalSettings, AccentThatIsNoColourIsNone) {
     EXPECT_EQ(with(appearance, "accent-color", "blue").accent, QColor());
     EXPECT_EQ(with(appearance, "accent-color", 3U).accent, QColor());

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
+#include <QDeadlineTimer>
 #include <QExposeEvent>
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -268,6 +269,60 @@ TEST_F(LiveWindowTest, WhatChangedUnseenIsDrawnAsSoonAsItCanBeSeen) {
     pass(20);
     tellThatItCanBeSeenAgain();
     EXPECT_EQ(paints_.count, 1);
+}
+
+class WidgetFadeTest : public WidgetWindowTest {
+protected:
+    void SetUp() override { QCoreApplication::processEvents(); }
+
+    static kit::DrawnEntry card(const kit::Color& color) {
+        return {.content = kit::Spacer{}, .background = color, .widgetUrl = {}};
+    }
+    [[nodiscard]] QColor color() {
+        const QImage picture = window_.grab().toImage();
+        return picture.pixelColor(besideAll * picture.devicePixelRatio());
+    }
+    void waitForTheEnd() {
+        const QDeadlineTimer deadline(20'000);
+        while (color() != QColor(255, 0, 0) && !deadline.hasExpired()) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
+    }
+
+    static inline const kit::Color red = kit::Color::rgb(1, 0, 0);
+};
+
+TEST_F(WidgetFadeTest, NewContentIsMixedWithTheFormerAndThenAlone) {
+    show(card(red));
+    const QColor first = color();
+    EXPECT_GT(first.red(), 0);
+    EXPECT_GT(first.blue(), 0);
+    waitForTheEnd();
+    EXPECT_EQ(color(), QColor(255, 0, 0));
+}
+
+TEST_F(WidgetFadeTest, ReducedMotionShowsNewContentAtOnce) {
+    window_.setMotion(Motion::reduced);
+    show(card(red));
+    EXPECT_EQ(color(), QColor(255, 0, 0));
+}
+
+TEST_F(WidgetFadeTest, PlaceholderGivesWayAtOnce) {
+    show(entry(), paint::Redaction::redacted);
+    show(card(red));
+    EXPECT_EQ(color(), QColor(255, 0, 0));
+}
+
+TEST_F(WidgetFadeTest, HiddenWidgetDoesNotFade) {
+    window_.hide();
+    show(card(red));
+    EXPECT_EQ(color(), QColor(255, 0, 0));
+}
+
+TEST_F(WidgetFadeTest, AnotherSizeIsShownAtOnce) {
+    window_.setFamily(kit::Family::large);
+    show(card(red));
+    EXPECT_EQ(color(), QColor(255, 0, 0));
 }
 
 class WidgetKeyboardTest : public WidgetWindowTest {

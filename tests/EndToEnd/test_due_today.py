@@ -132,6 +132,10 @@ class SentenceTest(DueTodayTest):
         inside = (12, 12, 340, 358)
         wait_until(looks_alike, "the picture that the command line draws")
 
+    def is_shown(self, picture):
+        # Rounding at the edge depends on the parts in which a window happens to be drawn.
+        return self.widget.picture().differing_pixels(picture, tolerance=3) == 0
+
     def test_signed_out_missing_and_unreadable_snapshots_show_the_same_sentence(self):
         self.folder.publish(snapshot(today=[essay()], signed_in=False))
         self.widget.start()
@@ -142,12 +146,12 @@ class SentenceTest(DueTodayTest):
         self.folder.publish(snapshot(today=[essay()]))
         wait_until(lambda: self.widget.shows_color(MAGENTA), "the assignment")
         os.remove(self.session.path_in_home(planner.SNAPSHOT))
-        wait_until(lambda: self.widget.picture() == signed_out, "the sentence without a file")
+        wait_until(lambda: self.is_shown(signed_out), "the sentence without a file")
 
         self.folder.publish(snapshot(today=[essay()]))
         wait_until(lambda: self.widget.shows_color(MAGENTA), "the assignment")
         self.folder.publish_text('{"signedIn": true}')
-        wait_until(lambda: self.widget.picture() == signed_out, "the sentence for a bad file")
+        wait_until(lambda: self.is_shown(signed_out), "the sentence for a bad file")
 
     def test_list_looks_as_the_command_line_draws_it(self):
         self.folder.publish(snapshot(today=[essay(), worksheet()]))
