@@ -334,8 +334,11 @@ DragRule Desktop::dragRuleUnlessLocked(host::WidgetId id) const {
 }
 
 kit::Environment Desktop::environment(kit::Family family) const {
+    // Larger texts leave room for fewer of them, and the extension decides which.
+    const double textScale = parts_.look.resources().textScale();
+    const kit::Size room = kit::contentSize(family);
     return {.family = family,
-            .contentSize = kit::contentSize(family),
+            .contentSize = {room.width / textScale, room.height / textScale},
             .renderingMode = parts_.look.renderingMode()};
 }
 

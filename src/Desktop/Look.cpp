@@ -27,7 +27,8 @@ paint::Scheme schemeOfPalette() {
 Look::Look(const PortalSettings& settings, SchemeChoice scheme)
     : settings_(settings),
       scheme_(scheme),
-      resources_(std::make_unique<paint::PaintResources>(fontsFor(settings.preferences()))) {
+      resources_(std::make_unique<paint::PaintResources>(fontsFor(settings.preferences()),
+                                                         settings.preferences().textScale)) {
     connect(&settings, &PortalSettings::changed, this, &Look::takePreferences);
 }
 
@@ -47,8 +48,10 @@ paint::Appearance Look::appearance() const {
 void Look::takePreferences() {
     const paint::FontSet fonts = fontsFor(settings_.preferences());
     std::unique_ptr<paint::PaintResources> former;
-    if (fonts != resources_->fonts()) {
-        former = std::exchange(resources_, std::make_unique<paint::PaintResources>(fonts));
+    const double textScale = settings_.preferences().textScale;
+    if (fonts != resources_->fonts() || textScale != resources_->textScale()) {
+        former =
+            std::exchange(resources_, std::make_unique<paint::PaintResources>(fonts, textScale));
     }
     emit changed();
 }

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "Desktop/SessionBus.h"
+#include "Layout/TextScale.h"
 
 namespace kelmar::desktop {
 
@@ -65,6 +66,13 @@ Motion motionIf(bool mayMove) {
     return mayMove ? Motion::full : Motion::reduced;
 }
 
+/// Widgets' texts are small as they are: they only grow.
+double textScaleOf(const QVariant& value) {
+    bool isNumber = false;
+    const double scale = value.toDouble(&isNumber);
+    return isNumber && scale > 1 ? std::min(scale, layout::greatestTextScale) : 1;
+}
+
 /// The family in "Noto Sans Bold 11", as Pango writes font descriptions.
 std::optional<QString> familyOfPangoFont(const QString& description) {
     static const QStringList styleWords{"Thin",     "Ultra-Light", "Extra-Light", "Light",
@@ -103,6 +111,8 @@ Preferences withSetting(Preferences preferences, const QString& settingNamespace
         preferences.toolkitMotion = motionIf(value.toBool());
     } else if (settingNamespace == kdeAll && key == "AnimationDurationFactor") {
         preferences.toolkitMotion = motionIf(value.toString() != "0");
+    } else if (settingNamespace == gnomeInterface && key == "text-scaling-factor") {
+        preferences.textScale = textScaleOf(value);
     } else if (settingNamespace == gnomeInterface && key == "font-name") {
         preferences.fontFamily = familyOfPangoFont(value.toString());
     } else if (settingNamespace == kdeGeneral && key == "font") {

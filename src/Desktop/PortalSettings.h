@@ -20,6 +20,7 @@ struct Preferences {
     std::optional<paint::Scheme> scheme;
     QColor accent;  ///< Invalid for none.
     std::optional<QString> fontFamily;
+    double textScale = 1;  ///< How much larger than usual texts are wanted.
     /// Said in two places: for all programs, and by the desktop for its own toolkit.
     Motion motion = Motion::full;
     Motion toolkitMotion = Motion::full;

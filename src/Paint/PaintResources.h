@@ -7,19 +7,24 @@
 namespace kelmar::paint {
 
 /// What all pictures of a program share: fonts with their measured widths, and symbols. A change
-/// of the desktop's font means new resources, and new layouts measured with them. To be used from
-/// one thread.
+/// of the desktop's font or text scale means new resources, and new layouts measured with them. To
+/// be used from one thread.
 class PaintResources {
 public:
-    explicit PaintResources(const FontSet& fonts) : measurer_(fonts) {}
+    explicit PaintResources(const FontSet& fonts, double textScale = 1)
+        : measurer_(fonts), textScale_(textScale) {}
 
     [[nodiscard]] const QtTextMeasurer& measurer() const { return measurer_; }
     [[nodiscard]] const FontSet& fonts() const { return measurer_.fonts(); }
     [[nodiscard]] const SymbolSet& symbols() const { return symbols_; }
+    /// How much larger than usual the user wants texts, from 1 on; pictures follow as far as they
+    /// have room.
+    [[nodiscard]] double textScale() const { return textScale_; }
 
 private:
     QtTextMeasurer measurer_;
     SymbolSet symbols_;
+    double textScale_;
 };
 
 }  // namespace kelmar::paint

@@ -6,6 +6,7 @@
 #include <variant>
 
 #include "Kit/Metrics.h"
+#include "Layout/TextScale.h"
 #include "Paint/BoxPainter.h"
 #include "Paint/FocusRing.h"
 #include "Paint/Palette.h"
@@ -49,8 +50,9 @@ WidgetPicture::WidgetPicture(const kit::DrawnEntry& entry, kit::Family family,
       background_(entry.background),
       direction_(direction),
       resources_(resources),
-      boxes_(insideMargins(layout::layOut(entry.content, kit::contentSize(family),
-                                          resources.measurer(), direction))) {}
+      boxes_(insideMargins(layout::layOutMagnified(entry.content, kit::contentSize(family),
+                                                   resources.measurer(), direction,
+                                                   resources.textScale()))) {}
 
 QSize WidgetPicture::pixelSize(double scale) const {
     const auto pixels = [scale](double points) {

@@ -41,6 +41,14 @@ TEST(PortalSettings, MotionIsReducedWhereverTheUserSaysSo) {
     EXPECT_EQ(with(kde, "AnimationDurationFactor", "0").leastMotion(), Motion::reduced);
 }
 
+TEST(PortalSettings, TextsGrowWithTheDesktopsUpToTwice) {
+    EXPECT_EQ(Preferences().textScale, 1);
+    EXPECT_EQ(with(gnome, "text-scaling-factor", 1.25).textScale, 1.25);
+    EXPECT_EQ(with(gnome, "text-scaling-factor", 3.0).textScale, 2);
+    EXPECT_EQ(with(gnome, "text-scaling-factor", 0.5).textScale, 1);
+    EXPECT_EQ(with(gnome, "text-scaling-factor", "large").textScale, 1);
+}
+
 TEST(PortalSettings, OneWishForStillnessIsEnough) {
     const Preferences still = with(appearance, "reduced-motion", 1U);
     EXPECT_EQ(withSetting(still, gnome, "enable-animations", true).leastMotion(), Motion::reduced);
