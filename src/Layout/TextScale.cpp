@@ -1,6 +1,7 @@
 #include "Layout/TextScale.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "Kit/View.h"
 
@@ -79,7 +80,10 @@ bool showAsMuch(const PlacedBoxes& boxes, const PlacedBoxes& usual, Size area) {
 PlacedBoxes layOutMagnified(const kit::View& root, Size area, const TextMeasurer& measurer,
                             Direction direction, double wanted) {
     PlacedBoxes usual = layOut(root, area, measurer, direction);
-    for (double scale = std::min(wanted, greatestTextScale); scale > 1; scale -= step) {
+    const double greatest = std::min(wanted, greatestTextScale);
+    const int steps = static_cast<int>(std::ceil((greatest - 1) / step));
+    for (int down = 0; down < steps; ++down) {
+        const double scale = greatest - down * step;
         PlacedBoxes boxes = magnified(
             layOut(root, {area.width / scale, area.height / scale}, measurer, direction), scale);
         if (showAsMuch(boxes, usual, area)) {
