@@ -6,11 +6,14 @@
 #include <string_view>
 
 #include "Desktop/ActivationToken.h"
+#include "Desktop/BusService.h"
 #include "Desktop/Desktop.h"
 #include "Desktop/DesktopPicture.h"
 #include "Desktop/FirstArrangement.h"
 #include "Desktop/InstalledFiles.h"
+#include "Desktop/Instance.h"
 #include "Desktop/Options.h"
+#include "Desktop/SessionBus.h"
 #include "Desktop/Termination.h"
 #include "Desktop/TrayIcon.h"
 #include "Desktop/WidgetAccessibility.h"
@@ -69,7 +72,8 @@ void tellWhatIsMissing(const Compositor& compositor, host::Log& log) {
     }
 }
 
-int showDesktop(Ground& ground, const Options& options, host::Log& log) {
+int showDesktop(Ground& ground, const Options& options, const QDBusConnection& bus,
+                host::Log& log) {
     const system::GettextLocalization texts("", system::catalogueFolder());
     // For the menus: Qt would only know from translations of its own, which it has not got here.
     QApplication::setLayoutDirection(
@@ -90,6 +94,12 @@ int showDesktop(Ground& ground, const Options& options, host::Log& log) {
                      .direction = ground.direction},
                     options);
     const TrayIcon tray({.host = ground.host, .look = look, .texts = texts, .log = log});
+    std::optional<BusService> busService;
+    if (bus.isConnected()) {
+        busService.emplace(
+            BusService::Parts{.host = ground.host, .items = [&desktop] { return desktop.items(); }},
+            bus);
+    }
     // Not quit(): it would ask every window whether it may be closed, and they all say no.
     const auto end = [] { QApplication::exit(0); };
     QObject::connect(&desktop, &Desktop::quitRequested, qApp, end, Qt::QueuedConnection);
@@ -192,6 +202,10 @@ int runDesktop(int argc, char** argv) {
         return failureStatus;
     }
     QApplication application(argc, argv);
+    const QDBusConnection bus = sessionBus();
+    if (!options.pictureFile && claimInstance(bus, log) == Instance::later) {
+        return showGalleryOfFirst(bus, log);
+    }
     const auto extensionFile = host::readExtensionFile(
         options.keyFile.empty() ? installedKeyFile() : options.keyFile, system::homeFolder());
     if (!extensionFile) {
@@ -200,7 +214,7 @@ int runDesktop(int argc, char** argv) {
     }
     Ground ground(*extensionFile, options.systemVersion);
     return options.pictureFile ? drawDesktop(ground, options, log)
-                               : showDesktop(ground, options, log);
+                               : showDesktop(ground, options, bus, log);
 }
 
 }  // namespace kelmar::desktop

@@ -95,6 +95,7 @@ void Desktop::showGallery() {
 void Desktop::followSurroundings() {
     connect(&parts_.host, &host::WidgetHost::bundleChanged, this, &Desktop::takeBundle);
     connect(&parts_.host, &host::WidgetHost::entryChanged, this, &Desktop::showContent);
+    connect(&parts_.host, &host::WidgetHost::clockStepped, this, &Desktop::takeClockStep);
     connect(&parts_.look, &Look::changed, this, &Desktop::takeLook);
     connect(&parts_.compositor, &Compositor::changed, this, &Desktop::takeLook);
     connect(&screenWatch_, &ScreenWatch::changed, this, &Desktop::putWindowsInPlace);
@@ -251,6 +252,12 @@ void Desktop::takeLook() {
     }
 }
 
+void Desktop::takeClockStep() {
+    for (const auto& [id, shown] : shown_) {
+        shown.window->followClock();
+    }
+}
+
 void Desktop::putWindowsInPlace() {
     if (QGuiApplication::primaryScreen() == nullptr) {
         return;  // Between the last screen's going and the next one's coming.
@@ -308,6 +315,18 @@ void Desktop::setLock(ArrangementLock lock) {
         shown.window->setDragRule(dragRuleUnlessLocked(id));
     }
     save();
+}
+
+std::vector<DesktopItem> Desktop::items() const {
+    std::vector<DesktopItem> items;
+    std::transform(shown_.begin(), shown_.end(), std::back_inserter(items), [](const auto& entry) {
+        return DesktopItem{entry.second.place, entry.first};
+    });
+    std::transform(notOffered_.begin(), notOffered_.end(), std::back_inserter(items),
+                   [](const WidgetPlace& place) {
+                       return DesktopItem{place, std::nullopt};
+                   });
+    return items;
 }
 
 std::vector<WidgetPlace> Desktop::places() const {

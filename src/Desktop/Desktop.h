@@ -10,6 +10,7 @@
 #include "Desktop/Arrangement.h"
 #include "Desktop/ArrangementFile.h"
 #include "Desktop/Compositor.h"
+#include "Desktop/DesktopItem.h"
 #include "Desktop/GalleryWindow.h"
 #include "Desktop/KeyboardRound.h"
 #include "Desktop/Look.h"
@@ -57,6 +58,8 @@ public:
 
     /// Opens the gallery on the screen under the pointer, or brings it to the front.
     void showGallery();
+    /// Everything that belongs on the desktop, back to front.
+    [[nodiscard]] std::vector<DesktopItem> items() const;
 
 signals:
     void quitRequested();
@@ -89,6 +92,7 @@ private:
     void showContent(host::WidgetId id);
     void dress(WidgetWindow& window) const;
     void takeLook();
+    void takeClockStep();
     void putWindowsInPlace();
     void popUpMenu(host::WidgetId id, QPoint position);
     void run(const layout::Action& action);

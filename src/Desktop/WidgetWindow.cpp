@@ -114,6 +114,11 @@ void WidgetWindow::setToolTipSource(std::function<QString()> source) {
     toolTipSource_ = std::move(source);
 }
 
+void WidgetWindow::followClock() {
+    liveTimer_.stop();
+    redraw();
+}
+
 const layout::PlacedBoxes& WidgetWindow::boxes() const {
     static const layout::PlacedBoxes none;
     return picture_ && style_.redaction == paint::Redaction::shown ? picture_->boxes() : none;

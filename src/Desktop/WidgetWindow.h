@@ -49,6 +49,8 @@ public:
 
     /// What is said in a tooltip, asked each time one is about to appear; nothing for none.
     void setToolTipSource(std::function<QString()> source);
+    /// The clock was set: draws anew what depends on it, such as a countdown.
+    void followClock();
 
     /// What is shown, from the window's top left corner; empty while it is redacted.
     [[nodiscard]] const layout::PlacedBoxes& boxes() const;

@@ -9,11 +9,11 @@
 namespace kelmar::host {
 
 ContentKeeper::ContentKeeper(const HostParts& parts, ExtensionClient& client, std::string urlScheme,
-                             std::function<void(WidgetId)> changed)
+                             Listeners listeners)
     : parts_(parts),
       client_(client),
       urlScheme_(std::move(urlScheme)),
-      changed_(std::move(changed)) {
+      listeners_(std::move(listeners)) {
     parts_.wallClockTimer.setHandler([this](ClockEvent event) { wake(event); });
     parts_.wallClockTimer.arm(std::nullopt);
 }
@@ -26,7 +26,7 @@ ContentKeeper::~ContentKeeper() {
 WidgetId ContentKeeper::add(const std::string& kind, const kit::Environment& environment) {
     const auto id = ++lastId_;
     widgets_.try_emplace(id, kind, environment, parts_.limits);
-    beginReload(id);
+    beginReload(id, ReloadCause::placed);
     return id;
 }
 
@@ -34,12 +34,14 @@ void ContentKeeper::setEnvironment(WidgetId id, const kit::Environment& environm
     const auto widget = widgets_.find(id);
     if (widget != widgets_.end() && widget->second.environment() != environment) {
         widget->second.setEnvironment(environment);
-        beginReload(id);
+        beginReload(id, ReloadCause::environment);
     }
 }
 
 void ContentKeeper::remove(WidgetId id) {
     widgets_.erase(id);
+    journal_.forget(id);
+    wantedAgain_.erase(id);
     arm();
 }
 
@@ -53,23 +55,32 @@ std::optional<system::Date> ContentKeeper::outdatedSince(WidgetId id) const {
     return widget != nullptr ? widget->outdatedSince(parts_.clock.now()) : std::nullopt;
 }
 
-void ContentKeeper::reload(const std::string& kind) {
+void ContentKeeper::reload(const std::string& kind, ReloadCause cause) {
     for (const auto& [id, widget] : widgets_) {
         if (widget.kind() == kind) {
-            beginReload(id);
+            beginReload(id, cause);
         }
     }
 }
 
-void ContentKeeper::reloadAll() {
+void ContentKeeper::reloadAll(ReloadCause cause) {
     for (const auto& [id, widget] : widgets_) {
-        beginReload(id);
+        beginReload(id, cause);
     }
+}
+
+std::optional<WidgetReport> ContentKeeper::report(WidgetId id) const {
+    const auto* const widget = find(id);
+    if (widget == nullptr) {
+        return std::nullopt;
+    }
+    return reportOn(*widget, parts_.clock.now(), journal_.last(id, parts_.timers.elapsed()));
 }
 
 void ContentKeeper::wake(ClockEvent event) {
     if (event == ClockEvent::clockStepped) {
-        reloadAll();
+        reloadAll(ReloadCause::clockStepped);
+        listeners_.clockStepped();
     }
     for (const auto id : ids()) {
         update(id);
@@ -84,16 +95,25 @@ void ContentKeeper::update(WidgetId id) {
     }
     const auto now = parts_.clock.now();
     if (widget->second.takeReloadDue(now)) {
-        beginReload(id);
+        beginReload(id, dueCause(id));
     }
     tell(id, widget->second.update(now));
 }
 
-void ContentKeeper::beginReload(WidgetId id) {
+/// After a refusal it is not the timeline that wishes to be replaced.
+ReloadCause ContentKeeper::dueCause(WidgetId id) const {
+    const auto last = journal_.last(id, parts_.timers.elapsed());
+    return last && last->outcome == ReloadOutcome::refused ? ReloadCause::refusedBefore
+                                                           : ReloadCause::policyDate;
+}
+
+void ContentKeeper::beginReload(WidgetId id, ReloadCause cause) {
     auto& widget = widgets_.at(id);
     if (!widget.beginReload(parts_.clock.now())) {
+        wantedAgain_[id] = cause;
         return;
     }
+    journal_.begin(id, cause, parts_.clock.now(), parts_.timers.elapsed());
     if (!widget.hasTimeline()) {
         ask(id, kit::EntryKind::placeholder);
     }
@@ -144,6 +164,7 @@ void ContentKeeper::takeTimeline(WidgetId id, const RequestOutcome& outcome,
     auto& widget = widgets_.at(id);
     if (!outcome && outcome.failure().kind == RequestFailure::Kind::unavailable) {
         widget.continueReload();
+        journal_.noteTrouble(id, outcome.failure().reason);
         ask(id, kit::EntryKind::timeline);
         return;
     }
@@ -152,6 +173,7 @@ void ContentKeeper::takeTimeline(WidgetId id, const RequestOutcome& outcome,
     if (widget.environment() == environment) {
         auto timeline = outcome ? checkedTimeline(*outcome, urlScheme_)
                                 : system::Failure{outcome.failure().reason};
+        journal_.end(id, parts_.timers.elapsed(), timeline ? "" : timeline.failure().reason);
         if (timeline) {
             tell(id, widget.takeTimeline(*std::move(timeline), parts_.clock.now()));
         } else {
@@ -160,7 +182,7 @@ void ContentKeeper::takeTimeline(WidgetId id, const RequestOutcome& outcome,
         }
     }
     if (isWantedAgain && widgets_.contains(id)) {
-        beginReload(id);
+        beginReload(id, wantedAgain_.at(id));
     }
     arm();
 }
@@ -180,7 +202,7 @@ void ContentKeeper::refuse(WidgetId id, kit::EntryKind entryKind, const std::str
 
 void ContentKeeper::tell(WidgetId id, Looks looks) {
     if (looks == Looks::different) {
-        changed_(id);
+        listeners_.changed(id);
     }
 }
 

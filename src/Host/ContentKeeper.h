@@ -9,7 +9,9 @@
 #include "Host/ExtensionClient.h"
 #include "Host/HostParts.h"
 #include "Host/PlacedWidget.h"
+#include "Host/ReloadJournal.h"
 #include "Host/WidgetId.h"
+#include "Host/WidgetReport.h"
 #include "Kit/Environment.h"
 
 namespace kelmar::host {
@@ -18,10 +20,15 @@ namespace kelmar::host {
 /// comes, and keeps the one wall-clock timer set for the next date at which something changes.
 class ContentKeeper {
 public:
-    /// `parts` and `client` outlive the keeper. `changed` runs when a widget looks different; it
-    /// may add and remove widgets.
+    /// Who hears of what the keeper notices.
+    struct Listeners {
+        std::function<void(WidgetId)> changed;  ///< Looks different; may add and remove widgets.
+        std::function<void()> clockStepped;
+    };
+
+    /// `parts` and `client` outlive the keeper.
     ContentKeeper(const HostParts& parts, ExtensionClient& client, std::string urlScheme,
-                  std::function<void(WidgetId)> changed);
+                  Listeners listeners);
     ~ContentKeeper();
     ContentKeeper(const ContentKeeper&) = delete;
     ContentKeeper& operator=(const ContentKeeper&) = delete;
@@ -33,13 +40,16 @@ public:
     /// As PlacedWidget has it, now.
     [[nodiscard]] std::optional<system::Date> outdatedSince(WidgetId id) const;
 
-    void reload(const std::string& kind);
-    void reloadAll();
+    void reload(const std::string& kind, ReloadCause cause);
+    void reloadAll(ReloadCause cause);
+    /// Nothing for a widget that is not there.
+    [[nodiscard]] std::optional<WidgetReport> report(WidgetId id) const;
 
 private:
     void wake(ClockEvent event);
     void update(WidgetId id);
-    void beginReload(WidgetId id);
+    [[nodiscard]] ReloadCause dueCause(WidgetId id) const;
+    void beginReload(WidgetId id, ReloadCause cause);
     void ask(WidgetId id, kit::EntryKind entryKind);
     void takePlaceholder(WidgetId id, const RequestOutcome& outcome,
                          const kit::Environment& environment);
@@ -53,8 +63,11 @@ private:
     HostParts parts_;
     ExtensionClient& client_;
     std::string urlScheme_;
-    std::function<void(WidgetId)> changed_;
+    Listeners listeners_;
     std::map<WidgetId, PlacedWidget> widgets_;
+    ReloadJournal journal_;
+    /// Why those are to be reloaded once more whose reload is under way.
+    std::map<WidgetId, ReloadCause> wantedAgain_;
     WidgetId lastId_ = 0;
 };
 

@@ -50,17 +50,21 @@ void ExtensionClient::proceed() {
     }
 }
 
-/// Ends the process if its program was updated. False while it has yet to answer what it was asked
-/// before: what is asked now is then for its successor.
+/// Ends the process if its program was updated, or what it knows of the machine is out of date.
+/// False while it has yet to answer what it was asked before: what is asked now is then for its
+/// successor.
 bool ExtensionClient::makeWayForUpdate() {
-    if (!session_->isOutdated()) {
+    const bool isUpdated = session_->isOutdated();
+    if (!isUpdated && !isOutOfDate_) {
         return true;
     }
     if (!session_->isIdle()) {
         return false;
     }
-    parts_.log.write(LogLevel::notice,
-                     parts_.name + ": its program was updated; starts the new one");
+    if (isUpdated) {
+        parts_.log.write(LogLevel::notice,
+                         parts_.name + ": its program was updated; starts the new one");
+    }
     retire();
     return true;
 }
@@ -90,6 +94,7 @@ void ExtensionClient::retire() {
     if (session_ && session_->isIdle()) {
         session_->end(Ending::gently);
         lastSession_ = std::move(session_);
+        isOutOfDate_ = false;
     }
 }
 
@@ -100,6 +105,7 @@ void ExtensionClient::sessionFailed(const std::string& how) {
                                  std::chrono::duration<double>(pause).count()));
     idleTimer_->stop();
     lastSession_ = std::move(session_);
+    isOutOfDate_ = false;
     isPausing_ = true;
     pauseEnds_ = parts_.timers.elapsed() + pause;
     retryTimer_->start(pause);

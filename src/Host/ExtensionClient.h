@@ -43,6 +43,9 @@ public:
     /// Requests reach the extension in the order in which they are made. `request.answer` runs
     /// exactly once, never within this call, unless the client goes before.
     void request(ExtensionRequest request);
+    /// Uses another process for all requests from now on: what the running one took from the
+    /// machine when it began is out of date. It ends when it has answered what it was asked.
+    void replaceProcess() { isOutOfDate_ = session_ != nullptr; }
 
 private:
     void sessionReady(kit::Bundle bundle) override;
@@ -61,6 +64,7 @@ private:
     Parts parts_;
     std::function<void(kit::Bundle)> bundleCame_;
     bool hasBundle_ = false;
+    bool isOutOfDate_ = false;  ///< Whether the session is to make way for another.
     std::deque<ExtensionRequest> waiting_;
     std::vector<ExtensionRequest> refused_;
     Backoff backoff_;

@@ -28,6 +28,7 @@ std::string describe(const kit::RequestBody& body) {
                 return "the value of " + request.controlKind;
             },
             [](const kit::PerformRequest& request) { return "the action " + request.intent.name; },
+            [](const kit::DiagnoseRequest&) -> std::string { return "its diagnosis"; },
             [](const kit::OpenRequest& request) { return "the URL " + request.url; },
         },
         body);

@@ -22,6 +22,7 @@ struct GlibRelease {
     void operator()(GAppInfo* object) const { g_object_unref(object); }
     void operator()(GAppLaunchContext* object) const { g_object_unref(object); }
     void operator()(GDBusConnection* object) const { g_object_unref(object); }
+    void operator()(GVariant* value) const { g_variant_unref(value); }
     void operator()(GCancellable* object) const { g_object_unref(object); }
 };
 

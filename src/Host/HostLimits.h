@@ -18,6 +18,10 @@ struct HostLimits {
     std::chrono::milliseconds longestRetry{5 * 60'000};
     /// Changes of files that follow one another within this time are one change.
     std::chrono::milliseconds fileBurst{100};
+    /// Reloads that other programs may ask for within `askedReloadsTime`; more become one at its
+    /// end.
+    int askedReloads = 10;
+    std::chrono::milliseconds askedReloadsTime{1'000};
     /// Lines of nonsense that one process may print before it is replaced.
     int faults = 20;
     /// URLs that one process may have waiting to be opened.

@@ -30,6 +30,11 @@ public:
 
     /// Its address stays the same as long as the widget is there.
     [[nodiscard]] const kit::Entry* shown() const { return shown_ ? &*shown_ : nullptr; }
+    [[nodiscard]] const kit::Timeline* timeline() const {
+        return timeline_ ? &*timeline_ : nullptr;
+    }
+    /// When the next timeline is to be asked for, if ever.
+    [[nodiscard]] std::optional<system::Date> reloadAt() const { return reloadAt_; }
     [[nodiscard]] bool hasTimeline() const { return timeline_.has_value(); }
     [[nodiscard]] bool showsPlaceholder() const { return shown_ && !timeline_; }
 

@@ -9,6 +9,7 @@
 #include "Host/ControlKeeper.h"
 #include "Host/ExtensionClient.h"
 #include "Host/HostParts.h"
+#include "Host/ReloadRequests.h"
 #include "Host/UrlGate.h"
 
 namespace kelmar::host {
@@ -37,11 +38,14 @@ public:
 
     [[nodiscard]] ContentKeeper& keeper() { return keeper_; }
     [[nodiscard]] ControlKeeper& controls() { return controls_; }
-    void reloadAll();
+    void reloadAll(ReloadCause cause);
     void perform(const kit::Intent& intent);
     void openLink(const std::string& url);
     void requestPreview(const std::string& kind, const kit::Environment& environment,
                         std::function<void(system::Result<kit::Entry>)> answer);
+    void renew(ReloadCause cause);
+    void diagnose(std::function<void(const system::Result<std::vector<std::string>>&)> answer);
+    [[nodiscard]] ReloadRequests& reloadRequests() { return reloadRequests_; }
 
     std::optional<kit::Bundle> bundle;
     std::unique_ptr<OwnParts> ownParts;
@@ -56,6 +60,7 @@ private:
     ExtensionClient client_;
     ContentKeeper keeper_;
     ControlKeeper controls_;
+    ReloadRequests reloadRequests_;
 };
 
 WidgetHost::State::State(WidgetHost& host, ExtensionFile extensionFile, const HostParts& parts)
@@ -67,10 +72,19 @@ WidgetHost::State::State(WidgetHost& host, ExtensionFile extensionFile, const Ho
                nameOf(extensionFile_), parts_.systemVersion},
               [this](kit::Bundle newBundle) { takeBundle(std::move(newBundle)); }),
       keeper_(parts_, client_, extensionFile_.urlScheme,
-              [this](WidgetId id) { emit host_.entryChanged(id); }),
+              {.changed = [this](WidgetId id) { emit host_.entryChanged(id); },
+               .clockStepped = [this] { emit host_.clockStepped(); }}),
       controls_(client_, parts_.log,
-                [this](const std::string& kind) { emit host_.controlChanged(kind); }) {
-    parts_.fileWatch.watch(extensionFile_.reloadOnChange, [this] { reloadAll(); });
+                [this](const std::string& kind) { emit host_.controlChanged(kind); }),
+      reloadRequests_(
+          parts_.timers, parts_.limits,
+          [this](const std::string& kind) {
+              keeper_.reload(kind, ReloadCause::asked);
+              controls_.reload(kind);
+          },
+          [this] { reloadAll(ReloadCause::asked); }) {
+    parts_.fileWatch.watch(extensionFile_.reloadOnChange,
+                           [this] { reloadAll(ReloadCause::fileChanged); });
     client_.start();
 }
 
@@ -86,8 +100,8 @@ void WidgetHost::State::takeBundle(kit::Bundle newBundle) {
     }
 }
 
-void WidgetHost::State::reloadAll() {
-    keeper_.reloadAll();
+void WidgetHost::State::reloadAll(ReloadCause cause) {
+    keeper_.reloadAll(cause);
     controls_.reloadAll();
 }
 
@@ -100,7 +114,7 @@ void WidgetHost::State::perform(const kit::Intent& intent) {
                                                           "are reloaded all the same",
                                                           name, outcome.failure().reason));
                          }
-                         reloadAll();
+                         reloadAll(ReloadCause::action);
                      }});
 }
 
@@ -124,6 +138,20 @@ void WidgetHost::State::requestPreview(const std::string& kind, const kit::Envir
                              return;
                          }
                          answer(checkedEntry(*outcome, extensionFile_.urlScheme));
+                     }});
+}
+
+void WidgetHost::State::renew(ReloadCause cause) {
+    client_.replaceProcess();
+    reloadAll(cause);
+}
+
+void WidgetHost::State::diagnose(
+    std::function<void(const system::Result<std::vector<std::string>>&)> answer) {
+    client_.request({kit::DiagnoseRequest{}, Patience::brief,
+                     [answer = std::move(answer)](const RequestOutcome& outcome) {
+                         answer(outcome ? kit::decodeFindings(*outcome)
+                                        : system::Failure{outcome.failure().reason});
                      }});
 }
 
@@ -193,12 +221,24 @@ void WidgetHost::requestPreview(const std::string& kind, const kit::Environment&
 }
 
 void WidgetHost::reload(const std::string& kind) {
-    state_->keeper().reload(kind);
-    state_->controls().reload(kind);
+    state_->reloadRequests().ask(kind);
 }
 
 void WidgetHost::reloadAll() {
-    state_->reloadAll();
+    state_->reloadRequests().askForAll();
+}
+
+void WidgetHost::renew(ReloadCause cause) {
+    state_->renew(cause);
+}
+
+std::optional<WidgetReport> WidgetHost::report(WidgetId id) const {
+    return state_->keeper().report(id);
+}
+
+void WidgetHost::diagnose(
+    std::function<void(const system::Result<std::vector<std::string>>&)> answer) {
+    state_->diagnose(std::move(answer));
 }
 
 }  // namespace kelmar::host

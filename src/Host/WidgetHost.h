@@ -6,10 +6,12 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "Host/ExtensionFile.h"
 #include "Host/UrlOpener.h"
 #include "Host/WidgetId.h"
+#include "Host/WidgetReport.h"
 #include "Kit/Descriptor.h"
 #include "Kit/Environment.h"
 #include "Kit/Timeline.h"
@@ -67,13 +69,26 @@ public:
     void requestPreview(const std::string& kind, const kit::Environment& environment,
                         std::function<void(system::Result<kit::Entry>)> answer);
 
-    /// Asks for new content of all widgets of a kind, or of the control that has it.
+    /// Another program asks for new content of all widgets of a kind, or of the control that has
+    /// it. However often it does, the extension is asked a few times a second at most; what comes
+    /// too soon is done a little later.
     void reload(const std::string& kind);
     /// Of all widgets and controls.
     void reloadAll();
+    /// The machine's time zone or locale is another: goes on with a new extension process, which
+    /// finds it, and reloads all widgets.
+    void renew(ReloadCause cause);
+
+    /// What the widget shows and why; nothing for a widget that is not there.
+    [[nodiscard]] std::optional<WidgetReport> report(WidgetId id) const;
+    /// Has the extension say what is wrong with what it works with: one sentence for each fault,
+    /// none when all is well, or why it does not say.
+    void diagnose(std::function<void(const system::Result<std::vector<std::string>>&)> answer);
 
 signals:
     void bundleChanged();
+    /// The clock was set, or the machine slept: what counts down must be drawn anew.
+    void clockStepped();
     void entryChanged(kelmar::host::WidgetId id);
     void controlChanged(const std::string& kind);
 

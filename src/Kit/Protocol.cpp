@@ -46,6 +46,7 @@ std::string_view methodOf(const RequestBody& body) {
               [](const EntryRequest& request) { return nameIn(entryMethods, request.entryKind); },
               [](const ControlRequest&) { return controlMethod; },
               [](const PerformRequest&) { return performMethod; },
+              [](const DiagnoseRequest&) { return diagnoseMethod; },
               [](const OpenRequest&) { return openMethod; }},
         body);
 }
@@ -84,6 +85,8 @@ void params(JsonWriter& json, const PerformRequest& request) {
     json.key("intent");
     writeIntent(json, request.intent);
 }
+
+void params(JsonWriter& /*json*/, const DiagnoseRequest& /*request*/) {}
 
 void params(JsonWriter& json, const OpenRequest& request) {
     textMember(json, "url", request.url);
@@ -220,6 +223,19 @@ std::string encodeControlValue(const ControlValue& value) {
     textMember(json, "symbol", value.symbol);
     json.key("intent");
     writeIntent(json, value.intent);
+    json.endObject();
+    return json.text();
+}
+
+std::string encodeFindings(const std::vector<std::string>& findings) {
+    JsonWriter json;
+    json.beginObject();
+    json.key("findings");
+    json.beginArray();
+    for (const std::string& finding : findings) {
+        json.string(finding);
+    }
+    json.endArray();
     json.endObject();
     return json.text();
 }

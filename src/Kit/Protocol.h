@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "Kit/Descriptor.h"
 #include "Kit/Environment.h"
@@ -51,6 +52,12 @@ struct PerformRequest {
     bool operator==(const PerformRequest&) const = default;
 };
 
+/// Asks what is wrong with what the extension has to work with. Optional: an extension that has
+/// nothing to say about itself answers that there is no such method.
+struct DiagnoseRequest {
+    bool operator==(const DiagnoseRequest&) const = default;
+};
+
 // Requests of the extension ------------------------------------------------------------------
 
 /// Asks the host to open a URL; answered when the open request has completed.
@@ -61,8 +68,8 @@ struct OpenRequest {
     bool operator==(const OpenRequest&) const = default;
 };
 
-using RequestBody =
-    std::variant<InitializeRequest, EntryRequest, ControlRequest, PerformRequest, OpenRequest>;
+using RequestBody = std::variant<InitializeRequest, EntryRequest, ControlRequest, PerformRequest,
+                                 DiagnoseRequest, OpenRequest>;
 
 /// A request is answered under the id that its sender chose.
 using MessageId = std::variant<std::int64_t, std::string>;
@@ -123,6 +130,8 @@ struct InvalidLine {
 /// {"after": date} or "never", as a part of something larger.
 void writePolicy(system::JsonWriter& json, const ReloadPolicy& policy);
 [[nodiscard]] std::string encodeControlValue(const ControlValue& value);
+/// The result of a DiagnoseRequest: one sentence for each fault, none when all is well.
+[[nodiscard]] std::string encodeFindings(const std::vector<std::string>& findings);
 inline constexpr std::string_view emptyResult = "{}";
 
 [[nodiscard]] system::Result<Bundle> decodeBundle(std::string_view json);
@@ -130,5 +139,6 @@ inline constexpr std::string_view emptyResult = "{}";
 /// Refuses a timeline without entries.
 [[nodiscard]] system::Result<Timeline> decodeTimeline(std::string_view json);
 [[nodiscard]] system::Result<ControlValue> decodeControlValue(std::string_view json);
+[[nodiscard]] system::Result<std::vector<std::string>> decodeFindings(std::string_view json);
 
 }  // namespace kelmar::kit

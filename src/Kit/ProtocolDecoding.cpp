@@ -79,6 +79,9 @@ std::optional<RequestBody> readBody(std::string_view method, const JsonValue& me
         const JsonValue params = message["params"];
         return PerformRequest{readIntent(params["intent"])};
     }
+    if (method == diagnoseMethod) {
+        return DiagnoseRequest{};
+    }
     if (method == openMethod) {
         return readOpen(message["params"]);
     }
@@ -229,6 +232,15 @@ ControlValue readControlValue(const JsonValue& json) {
             .intent = readIntent(json["intent"])};
 }
 
+std::vector<std::string> readFindings(const JsonValue& json) {
+    std::vector<std::string> findings;
+    const JsonValue list = json["findings"];
+    for (const JsonValue& finding : list.elements()) {
+        findings.push_back(finding.text());
+    }
+    return findings;
+}
+
 }  // namespace
 
 system::Result<Message, InvalidLine> decodeMessage(std::string_view line) {
@@ -258,6 +270,10 @@ system::Result<Timeline> decodeTimeline(std::string_view json) {
 
 system::Result<ControlValue> decodeControlValue(std::string_view json) {
     return parseAndRead<ControlValue>(json, readControlValue);
+}
+
+system::Result<std::vector<std::string>> decodeFindings(std::string_view json) {
+    return parseAndRead<std::vector<std::string>>(json, readFindings);
 }
 
 }  // namespace kelmar::kit

@@ -16,6 +16,7 @@ inline constexpr NameTable<EntryKind, 3> entryMethods{{
 }};
 inline constexpr std::string_view controlMethod = "control/value";
 inline constexpr std::string_view performMethod = "intent/perform";
+inline constexpr std::string_view diagnoseMethod = "extension/diagnose";
 inline constexpr std::string_view openMethod = "app/open";
 
 inline constexpr std::string_view neverPolicy = "never";

@@ -35,6 +35,9 @@ int showView(const Options& options);
 int performAction(const Options& options);
 int checkSnapshot(const Options& options);
 
+int reloadOnDesktop(const Options& options);
+int explainDesktop(const Options& options);
+
 int renderPicture(const Options& options);
 int drawGallery(const Options& options);
 

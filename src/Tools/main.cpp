@@ -63,13 +63,22 @@ void addCommands(CLI::App& program, Options& options, Command& chosen) {
 
     addCommand(program, "check", "Says why a snapshot is unreadable", checkSnapshot, chosen)
         .add_option("FILE", options.file, "A file, instead of the planner's own");
+
+    addCommand(program, "reload", "Has the running kelmar-widgets ask for new timelines",
+               reloadOnDesktop, chosen)
+        .add_option("KIND", options.kind, "Only those of one kind of widget");
+    addCommand(program, "explain", "Why the widgets on the desktop show what they show",
+               explainDesktop, chosen)
+        .add_option("KIND", options.kind, "Only those of one kind of widget");
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App program("Shows and drives the Kelmar Planner widgets without a desktop",
-                     "kelmar-widgetctl");
+    CLI::App program(
+        "Shows and drives the Kelmar Planner widgets without a desktop; reload and explain speak "
+        "to the kelmar-widgets that runs in this session",
+        "kelmar-widgetctl");
     Options options;
     Command chosen = nullptr;
     program.set_version_flag("--version", "kelmar-widgetctl " KELMAR_VERSION);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fmt/format.h>
 
+#include "Widget/Diagnosis.h"
 #include "Widget/Intents.h"
 
 namespace kelmar::widget {
@@ -68,6 +69,9 @@ void ExtensionServer::receive(std::string_view line) {
                    [&](const kit::EntryRequest& body) { answer(request.id, result(body)); },
                    [&](const kit::ControlRequest& body) { answer(request.id, result(body)); },
                    [&](const kit::PerformRequest& body) { perform(request.id, body.intent); },
+                   [&](const kit::DiagnoseRequest&) {
+                       answer(request.id, kit::encodeFindings(diagnose(surroundings_)));
+                   },
                    [&](const kit::OpenRequest&) {
                        refuse(request.id, kit::ErrorCode::methodNotFound,
                               "Only a host opens URLs.");

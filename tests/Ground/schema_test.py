@@ -99,11 +99,12 @@ class Protocol(unittest.TestCase):
             self.request(5, "intent/perform",
                          intent={"name": "UndoTickIntent", "parameters": {"id": "nobody"}}),
             {"jsonrpc": "2.0", "id": 6, "method": "nothing"},
+            self.request(7, "extension/diagnose"),
         ]
-        results = {1: "bundle", 2: "entry", 3: "entry", 4: "timeline"}
+        results = {1: "bundle", 2: "entry", 3: "entry", 4: "timeline", 7: "findings"}
         answers = self.converse(requests)
         self.assertEqual([answer.get("id") for answer in answers if "method" not in answer],
-                         [1, 2, 3, 4, 6])
+                         [1, 2, 3, 4, 6, 7])
         for answer in answers:
             if "method" in answer:
                 validator(PROTOCOL, "request").validate(answer)

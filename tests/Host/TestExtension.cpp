@@ -124,6 +124,9 @@ void answer(const kit::Request& request) {
                    },
                    [&](const kit::ControlRequest&) {},
                    [&](const kit::PerformRequest& action) { perform(id, action.intent); },
+                   [&](const kit::DiagnoseRequest&) {
+                       say(kit::encodeResponse(id, kit::encodeFindings({"All is well."})));
+                   },
                    [&](const kit::OpenRequest&) {},
                },
                request.body);

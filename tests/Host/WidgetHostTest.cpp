@@ -35,6 +35,7 @@ std::string wordsOf(const kit::Request& request) {
             },
             [](const kit::ControlRequest& control) { return "control " + control.controlKind; },
             [](const kit::PerformRequest& perform) { return "perform " + perform.intent.name; },
+            [](const kit::DiagnoseRequest&) -> std::string { return "diagnose"; },
             [](const kit::OpenRequest& open) { return "open " + open.url; },
         },
         request.body);

@@ -42,6 +42,8 @@ const std::vector<Line>& lines() {
           .body = PerformRequest{{.name = "Go", .parameters = {{"id", std::string("x")}}}}},
          R"({"jsonrpc":"2.0","id":5,"method":"intent/perform",)"
          R"("params":{"intent":{"name":"Go","parameters":{"id":"x"}}}})"},
+        {{.id = 7, .body = DiagnoseRequest{}},
+         R"({"jsonrpc":"2.0","id":7,"method":"extension/diagnose","params":{}})"},
         {{.id = 6, .body = OpenRequest{.url = "kelmarplanner://ticked"}},
          R"({"jsonrpc":"2.0","id":6,"method":"app/open","params":{)"
          R"("url":"kelmarplanner://ticked","activates":false,"addsToRecentItems":false}})"},
@@ -186,6 +188,16 @@ TEST(Results, AControlValueReadsBackAsItWas) {
                              .symbol = "pause.fill",
                              .intent = {.name = "I", .parameters = {{"value", false}}}};
     EXPECT_EQ(*decodeControlValue(encodeControlValue(value)), value);
+}
+
+TEST(Results, FindingsReadBackAsTheyWere) {
+    EXPECT_EQ(encodeFindings({}), R"({"findings":[]})");
+    EXPECT_EQ(encodeFindings({"a \"b\"", "c"}), R"({"findings":["a \"b\"","c"]})");
+    for (const std::vector<std::string>& findings :
+         {std::vector<std::string>{}, {"one"}, {"one", "two\nlines"}})
+        EXPECT_EQ(*decodeFindings(encodeFindings(findings)), findings);
+    for (const char* const json : {"{}", "[]", R"({"findings":"one"})", R"({"findings":[1]})"})
+        EXPECT_FALSE(decodeFindings(json)) << json;
 }
 
 }  // namespace

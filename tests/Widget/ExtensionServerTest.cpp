@@ -131,6 +131,17 @@ TEST(ExtensionServer, AnswersEveryKindOfEntryRequest) {
     EXPECT_EQ(timeline->entries.size(), 3U);
 }
 
+TEST(ExtensionServer, SaysWhatIsWrongWithTheSnapshotWhenAsked) {
+    Conversation conversation;
+    const auto findings = [&] {
+        return *kit::decodeFindings(
+            resultIn(conversation.send({.id = 3, .body = kit::DiagnoseRequest{}}).at(0)));
+    };
+    EXPECT_TRUE(findings().empty());
+    conversation.test.plannerFolder.put(shared::snapshotName, "half a");
+    EXPECT_EQ(findings().size(), 1U);
+}
+
 TEST(ExtensionServer, RefusesAWidgetOrFamilyThatItDoesNotHave) {
     Conversation conversation;
     auto unknown = entryRequest(kit::EntryKind::timeline);

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QDBusConnection>
+
+#include "Host/Log.h"
+
+namespace kelmar::desktop {
+
+/// Whether this process is the one that keeps the session's widgets.
+enum class Instance {
+    only,   ///< It is, or nobody can say, where there is no session bus.
+    later,  ///< Another one was first.
+};
+
+/// Takes the host's name on the bus. It is given up with the process.
+[[nodiscard]] Instance claimInstance(const QDBusConnection& bus, host::Log& log);
+
+/// Has the first instance show its gallery; returns the exit status of this one.
+[[nodiscard]] int showGalleryOfFirst(const QDBusConnection& bus, host::Log& log);
+
+}  // namespace kelmar::desktop
