@@ -14,13 +14,13 @@
 #include "Desktop/Instance.h"
 #include "Desktop/Options.h"
 #include "Desktop/SessionBus.h"
+#include "Desktop/SettingsFollower.h"
 #include "Desktop/Termination.h"
 #include "Desktop/TrayIcon.h"
 #include "Desktop/WidgetAccessibility.h"
 #include "Desktop/X11Hints.h"
 #include "Host/GioUrlOpener.h"
 #include "System/HomeFolder.h"
-#include "System/LocaleTexts.h"
 
 namespace kelmar::desktop {
 
@@ -56,9 +56,14 @@ struct Ground {
     system::SystemClock clock;
     host::GioUrlOpener urlOpener{makeActivationToken};
     host::WidgetHost host;
-    layout::Direction direction =
-        system::isRightToLeft("") ? layout::Direction::rightToLeft : layout::Direction::leftToRight;
+    layout::Direction direction = writingDirection();
 };
+
+/// For the menus: Qt would only know from translations of its own, which it has not got here.
+void setMenuDirection(layout::Direction direction) {
+    QApplication::setLayoutDirection(direction == layout::Direction::rightToLeft ? Qt::RightToLeft
+                                                                                 : Qt::LeftToRight);
+}
 
 /// What the desktop lacks and a person would miss; the parts that use the bus speak for themselves.
 void tellWhatIsMissing(const Compositor& compositor, host::Log& log) {
@@ -74,10 +79,9 @@ void tellWhatIsMissing(const Compositor& compositor, host::Log& log) {
 
 int showDesktop(Ground& ground, const Options& options, const QDBusConnection& bus,
                 host::Log& log) {
+    const SettingsFollower follower(ground.host, log);
     const system::GettextLocalization texts("", system::catalogueFolder());
-    // For the menus: Qt would only know from translations of its own, which it has not got here.
-    QApplication::setLayoutDirection(
-        ground.direction == layout::Direction::rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    setMenuDirection(ground.direction);
     ArrangementFile arrangementFile(ArrangementFile::standardPath(), log);
     const PortalSettings settings(log);
     const Compositor compositor;
@@ -93,6 +97,11 @@ int showDesktop(Ground& ground, const Options& options, const QDBusConnection& b
                      .log = log,
                      .direction = ground.direction},
                     options);
+    QObject::connect(&follower, &SettingsFollower::localeChanged, &desktop,
+                     [&desktop](layout::Direction direction) {
+                         setMenuDirection(direction);
+                         desktop.setDirection(direction);
+                     });
     const TrayIcon tray({.host = ground.host, .look = look, .texts = texts, .log = log});
     std::optional<BusService> busService;
     if (bus.isConnected()) {

@@ -317,6 +317,13 @@ void Desktop::setLock(ArrangementLock lock) {
     save();
 }
 
+void Desktop::setDirection(layout::Direction direction) {
+    parts_.direction = direction;
+    for (const auto& [id, shown] : shown_) {
+        showContent(id);
+    }
+}
+
 std::vector<DesktopItem> Desktop::items() const {
     std::vector<DesktopItem> items;
     std::transform(shown_.begin(), shown_.end(), std::back_inserter(items), [](const auto& entry) {

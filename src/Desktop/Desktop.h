@@ -58,6 +58,9 @@ public:
 
     /// Opens the gallery on the screen under the pointer, or brings it to the front.
     void showGallery();
+    /// The user's language is another, and may be written from the other side.
+    void setDirection(layout::Direction direction);
+
     /// Everything that belongs on the desktop, back to front.
     [[nodiscard]] std::vector<DesktopItem> items() const;
 

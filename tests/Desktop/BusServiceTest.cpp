@@ -34,7 +34,7 @@ protected:
 
     BusServiceTest() {
         extension().introduce({.widgets = {{"Clock", "The Clock", "", {}}},
-                               .controls = {{"Switch", "The Switch", ""}}});
+                               .controls = {}});
         const auto id = host_.add("Clock", small);
         items_ = {{{"Clock", kit::Family::small, {"HDMI-1", {}}, QPoint(16, 24)}, id},
                   {{"Moon", kit::Family::large, {"HDMI-1", {}}, QPoint(200, 24)}, std::nullopt}};
@@ -103,7 +103,7 @@ TEST_F(BusServiceTest, ReloadsAKindOrAllThatIsOnTheDesktop) {
 }
 
 TEST_F(BusServiceTest, KnowsWhatIsOfferedAndWhatHasAPlace) {
-    for (const char* kind : {"Clock", "Switch", "Moon"}) {
+    for (const char* kind : {"Clock", "Moon"}) {
         EXPECT_EQ(call("ReloadTimelines", {kind}).type(), QDBusMessage::ReplyMessage) << kind;
     }
     for (const char* method : {"ReloadTimelines", "Explain"}) {
@@ -177,7 +177,7 @@ TEST_F(BusServiceTest, ExplainsAKindTogetherWithWhatTheExtensionSays) {
 }
 
 TEST_F(BusServiceTest, SaysWhyThereAreNoFindings) {
-    const QDBusPendingCall pending = begin("Explain", {"Switch"});
+    const QDBusPendingCall pending = begin("Explain", {"Moon"});
     ASSERT_TRUE(waitFor([&] { return requests() == 4; }));
     extension().answerWithError(3, "There is no such method.");
     ASSERT_TRUE(waitFor([&] { return pending.isFinished(); }));

@@ -90,10 +90,10 @@ TEST_F(WidgetHostReportTest, AnEntryThatShowsBeforeItsDateIsExplained) {
 
 TEST_F(WidgetHostReportTest, EveryReloadHasItsCause) {
     const kit::Timeline good = timeline({entry(900, "a")}, kit::ReloadAfter{at(1'100)});
+    launcher_.last().answer(1, kit::encodeEntry(entry(0, "placeholder")));
     answerLast(good);
     const auto causeAfter = [&](const auto& happening) {
         happening();
-        launcher_.last().introduce({.widgets = {{"Clock", "", "", {}}}, .controls = {}});
         const auto cause = last().cause;
         EXPECT_EQ(last().outcome, ReloadOutcome::underWay);
         answerLast(good);
@@ -117,6 +117,7 @@ TEST_F(WidgetHostReportTest, EveryReloadHasItsCause) {
     EXPECT_EQ(causeAfter([&] {
                   host_.renew(ReloadCause::timeZoneChanged);
                   timers_.runDue();
+                  launcher_.last().introduce();
               }),
               ReloadCause::timeZoneChanged);
     EXPECT_EQ(

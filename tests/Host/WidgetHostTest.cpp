@@ -199,6 +199,19 @@ TEST_F(WidgetHostTest, AStepOfTheClockShowsTheRightEntryAndReloadsAll) {
     EXPECT_EQ(wallClockTimer_.armedFor, at(2'000));
 }
 
+TEST_F(WidgetHostTest, TellsOfAStepOfTheClockButNotOfADateThatComes) {
+    introduce();
+    place("Clock", timeline({entry(900, "a"), entry(2'000, "b")}));
+    int steps = 0;
+    QObject::connect(&host_, &WidgetHost::clockStepped, &host_, [&steps] { ++steps; });
+    clock_.set(at(2'000));
+    wallClockTimer_.reach();
+    EXPECT_EQ(steps, 0);
+    clock_.set(at(1'500));
+    wallClockTimer_.step();
+    EXPECT_EQ(steps, 1);
+}
+
 TEST_F(WidgetHostTest, AStepOfTheClockBeyondThePolicysDateReloadsOnce) {
     introduce();
     place("Clock", timeline({entry(900, "a")}, kit::ReloadAfter{at(2'000)}));

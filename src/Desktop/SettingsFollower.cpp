@@ -1,0 +1,27 @@
+#include "Desktop/SettingsFollower.h"
+
+#include "System/LocaleTexts.h"
+#include "System/Localization.h"
+
+namespace kelmar::desktop {
+
+layout::Direction writingDirection() {
+    return system::isRightToLeft("") ? layout::Direction::rightToLeft
+                                     : layout::Direction::leftToRight;
+}
+
+SettingsFollower::SettingsFollower(host::WidgetHost& host, host::Log& log)
+    : host_(host),
+      fileWatch_(host::HostLimits{}, timers_, log),
+      watch_(fileWatch_, {}, [this](host::ReloadCause cause) { take(cause); }) {}
+
+void SettingsFollower::take(host::ReloadCause cause) {
+    if (cause == host::ReloadCause::localeChanged) {
+        // The latest choice of a language counts for the whole process.
+        const system::GettextLocalization choice("", system::catalogueFolder());
+        emit localeChanged(writingDirection());
+    }
+    host_.renew(cause);
+}
+
+}  // namespace kelmar::desktop
