@@ -9,9 +9,10 @@ namespace kelmar::desktop {
 
 Instance claimInstance(const QDBusConnection& bus, host::Log& log) {
     if (!bus.isConnected()) {
-        log.write(host::LogLevel::notice,
-                  "There is no session bus: nobody can ask for a reload, and a second start would "
-                  "not notice this one.");
+        log.write(
+            host::LogLevel::notice,
+            "There is no session bus: the desktop's colours and font are not followed, nobody "
+            "can ask for a reload, and a second start would not notice this one.");
         return Instance::only;
     }
     const auto answer = bus.interface()->registerService(

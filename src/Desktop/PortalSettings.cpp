@@ -124,9 +124,7 @@ Preferences withSetting(Preferences preferences, const QString& settingNamespace
 PortalSettings::PortalSettings(host::Log& log, QObject* parent) : QObject(parent), log_(log) {
     QDBusConnection bus = sessionBus();
     if (!bus.isConnected()) {
-        log_.write(host::LogLevel::notice,
-                   "There is no session bus: the desktop's colours and font are not followed.");
-        return;
+        return;  // Who looked for the bus first has said what is lost without it.
     }
     // The connection looks the slot's types up by name, and nobody may have named this one yet.
     qRegisterMetaType<QDBusVariant>("QDBusVariant");
