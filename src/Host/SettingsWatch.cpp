@@ -119,7 +119,7 @@ void SettingsWatch::look() {
 
 void SettingsWatch::adopt(const Variables& variables) {
     std::set<std::string> names;
-    for (const auto* const all : {&locale_, &variables}) {
+    for (const auto* const all : {&std::as_const(locale_), &variables}) {
         for (const auto& [name, value] : *all) {
             names.insert(name);
         }

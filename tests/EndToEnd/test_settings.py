@@ -94,7 +94,7 @@ class LocaleTest(SettingsTest):
         wait_until(lambda: self.session.windows_named("Due Today"), "the window's English title")
         self.assertEqual(self.widget()["lastReload"]["cause"], "localeChanged")
         self.set_locale("de_DE.UTF-8")
-        wait_until(lambda: self.session.windows_named(german), "the German title")
+        wait_until(lambda: self.explain()["displayName"] == german, "the German name")
 
     def test_session_with_a_locale_of_its_own_keeps_it(self):
         self.set_locale("de_DE.UTF-8")
