@@ -115,8 +115,9 @@ void WidgetWindow::setToolTipSource(std::function<QString()> source) {
 }
 
 void WidgetWindow::followClock() {
-    liveTimer_.stop();
-    redraw();
+    if (picture_) {
+        redrawLiveAreas();
+    }
 }
 
 const layout::PlacedBoxes& WidgetWindow::boxes() const {
