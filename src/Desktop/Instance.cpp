@@ -41,7 +41,7 @@ int showGalleryOfFirst(const QDBusConnection& bus, host::Log& log) {
         return 1;
     }
     log.write(host::LogLevel::info,
-              "The widgets are on the desktop already: their gallery is shown.");
+              "The widgets are on the desktop already; their program was asked for its gallery.");
     return 0;
 }
 
