@@ -211,7 +211,7 @@ int runDesktop(int argc, char** argv) {
         return failureStatus;
     }
     QApplication application(argc, argv);
-    const QDBusConnection bus = sessionBus();
+    const QDBusConnection bus = options.pictureFile ? QDBusConnection(QString()) : sessionBus();
     if (!options.pictureFile && claimInstance(bus, log) == Instance::later) {
         return showGalleryOfFirst(bus, log);
     }
