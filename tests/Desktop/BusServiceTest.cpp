@@ -33,8 +33,7 @@ protected:
     static void TearDownTestSuite() { bus_.reset(); }
 
     BusServiceTest() {
-        extension().introduce({.widgets = {{"Clock", "The Clock", "", {}}},
-                               .controls = {}});
+        extension().introduce({.widgets = {{"Clock", "The Clock", "", {}}}, .controls = {}});
         const auto id = host_.add("Clock", small);
         items_ = {{{"Clock", kit::Family::small, {"HDMI-1", {}}, QPoint(16, 24)}, id},
                   {{"Moon", kit::Family::large, {"HDMI-1", {}}, QPoint(200, 24)}, std::nullopt}};
