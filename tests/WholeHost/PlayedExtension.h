@@ -92,6 +92,7 @@ private:
     public:
         explicit Handle(PlayedProcess& process) : process_(process) {}
         void write(std::string_view line) override { process_.take(line); }
+        [[nodiscard]] bool isOutdated() const override { return false; }
         void end(host::Ending /*ending*/) override { process_.listener = nullptr; }
 
     private:
