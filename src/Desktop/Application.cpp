@@ -108,6 +108,8 @@ int showDesktop(Ground& ground, const Options& options, const QDBusConnection& b
         busService.emplace(
             BusService::Parts{.host = ground.host, .items = [&desktop] { return desktop.items(); }},
             bus);
+        QObject::connect(&*busService, &BusService::galleryRequested, &desktop,
+                         &Desktop::showGallery);
     }
     // Not quit(): it would ask every window whether it may be closed, and they all say no.
     const auto end = [] { QApplication::exit(0); };
