@@ -215,7 +215,8 @@ int runDesktop(int argc, char** argv) {
     QApplication application(argc, argv);
     const QDBusConnection bus = options.pictureFile ? QDBusConnection(QString()) : sessionBus();
     if (!options.pictureFile && claimInstance(bus, log) == Instance::later) {
-        return showGalleryOfFirst(bus, log);
+        // At login the planner's message may have been quicker: nobody has asked for a gallery.
+        return options.onlyIfArranged ? 0 : showGalleryOfFirst(bus, log);
     }
     const auto extensionFile = host::readExtensionFile(
         options.keyFile.empty() ? installedKeyFile() : options.keyFile, system::homeFolder());

@@ -43,7 +43,7 @@ class Completion(unittest.TestCase):
                              common | options("kelmar-widgetctl", command), command)
 
     def test_kinds_are_those_that_the_widgets_have(self):
-        for command in ("timeline", "snapshot", "placeholder", "view", "render"):
+        for command in ("timeline", "snapshot", "placeholder", "view", "render", "reload", "explain"):
             offered = {word for word in completed("kelmar-widgetctl", command, "")
                        if not word.startswith("-")}
             self.assertEqual(offered, kinds(), command)
