@@ -95,13 +95,14 @@ class ProbeOnBusTest(BusTest):
         self.assertEqual(place, [x, y])
         self.assertEqual(self.control("explain").stderr, "")
 
-    def test_second_start_ends_well_and_leaves_the_desktop_to_the_first(self):
+    def test_second_start_shows_the_gallery_of_the_first_and_ends_well(self):
         second = subprocess.run(self.probe.command(), env=self.session.environment, timeout=60,
                                 check=False, capture_output=True, text=True)
         self.assertEqual(second.returncode, 0, second.stderr)
         self.assertIn("on the desktop already", second.stderr)
         self.assertIsNone(self.process.poll())
         self.assertEqual(len(self.session.windows_named("Probe")), 1)
+        wait_until(lambda: self.session.windows_named("Add widgets"), "the gallery")
 
     def test_name_is_free_again_when_the_first_has_ended(self):
         self.session.processes.end(self.process)
