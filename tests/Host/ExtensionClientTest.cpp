@@ -158,355 +158,353 @@ TEST_F(ExtensionClientTest, AProgramThatIsUpdatedWhileItStartsIsReplacedBeforeIt
     old.introduce(bundle);
     EXPECT_EQ(old.ending, Ending::gently);
     EXPECT_THAT(askedOf(old), IsEmpty());
+    launcher_.last().introduce(bundle);
+    EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("a"));
+}
 
-    TEST_F(ExtensionClientTest, AProcessThatIsOutOfDateIsAskedNothingMore) {
-        auto& first = ready();
-        client_.replaceProcess();
-        ask("a");
-        timers_.runDue();
-        EXPECT_EQ(first.ending, Ending::gently);
-        ASSERT_EQ(launcher_.starts(), 2U);
-        launcher_.last().introduce(bundle);
-        EXPECT_THAT(askedOf(first), IsEmpty());
-        EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("a"));
-        EXPECT_THAT(log_.lines, IsEmpty());
+TEST_F(ExtensionClientTest, AProcessThatIsOutOfDateIsAskedNothingMore) {
+    auto& first = ready();
+    client_.replaceProcess();
+    ask("a");
+    timers_.runDue();
+    EXPECT_EQ(first.ending, Ending::gently);
+    ASSERT_EQ(launcher_.starts(), 2U);
+    launcher_.last().introduce(bundle);
+    EXPECT_THAT(askedOf(first), IsEmpty());
+    EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("a"));
+    EXPECT_THAT(log_.lines, IsEmpty());
+}
+
+TEST_F(ExtensionClientTest, AProcessThatIsOutOfDateAnswersFirstWhatItWasAsked) {
+    auto& first = ready();
+    ask("a");
+    client_.replaceProcess();
+    ask("b");
+    timers_.runDue();
+    EXPECT_EQ(first.ending, std::nullopt);
+    first.answer(1, "1");
+    timers_.runDue();
+    EXPECT_EQ(first.ending, Ending::gently);
+    launcher_.last().introduce(bundle);
+    launcher_.last().answer(1, "2");
+    EXPECT_THAT(outcomes_, ElementsAre("a=1", "b=2"));
+}
+
+TEST_F(ExtensionClientTest, AProcessThatGoesOutOfDateWhileItIntroducesItselfIsReplacedToo) {
+    client_.start();
+    client_.replaceProcess();
+    ask("a");
+    launcher_.last().introduce(bundle);
+    timers_.runDue();
+    ASSERT_EQ(launcher_.starts(), 2U);
+    launcher_.last().introduce(bundle);
+    EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("a"));
+}
+
+TEST_F(ExtensionClientTest, AProcessThatIsOutOfDateAndHangsIsReplacedAsAnyOther) {
+    ready();
+    ask("a");
+    client_.replaceProcess();
+    timers_.advance(5s);
+    timers_.advance(1s);
+    ASSERT_EQ(launcher_.starts(), 1U) << "Nothing was asked since";
+    ask("b");
+    ASSERT_EQ(launcher_.starts(), 2U);
+    launcher_.last().introduce(bundle);
+    timers_.runDue();
+    EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("b"));
+    EXPECT_EQ(launcher_.starts(), 2U);
+}
+
+TEST_F(ExtensionClientTest, WithoutAProcessNoneIsOutOfDate) {
+    ready();
+    timers_.advance(2s);
+    client_.replaceProcess();
+    timers_.runDue();
+    EXPECT_EQ(launcher_.starts(), 1U);
+    ask("a");
+    launcher_.last().introduce(bundle);
+    EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("a"));
+    EXPECT_EQ(launcher_.starts(), 2U);
+}
+
+TEST_F(ExtensionClientTest, KillsAProcessThatDoesNotAnswerWithinFiveSeconds) {
+    auto& process = ready();
+    ask("a");
+    timers_.advance(4'999ms);
+    EXPECT_EQ(process.ending, std::nullopt);
+    timers_.advance(1ms);
+    EXPECT_EQ(process.ending, Ending::atOnce);
+    EXPECT_THAT(outcomes_,
+                ElementsAre("a unavailable: it did not answer for the value of a within 5 s"));
+    EXPECT_THAT(log_.lines, ElementsAre("clock-extension: did not answer for the value of a within "
+                                        "5 s; not started again before 1 s"));
+}
+
+TEST_F(ExtensionClientTest, KillsAProcessThatNeverIntroducesItself) {
+    client_.start();
+    timers_.advance(5s);
+    EXPECT_EQ(launcher_.last().ending, Ending::atOnce);
+    EXPECT_THAT(log_.lines, ElementsAre(HasSubstr("did not answer for its start within 5 s")));
+    timers_.advance(1s);
+    EXPECT_EQ(launcher_.starts(), 2U) << "What it offers is still unknown";
+}
+
+TEST_F(ExtensionClientTest, TimeInWhichItsUrlIsOpenedDoesNotCount) {
+    auto& process = ready();
+    ask("a");
+    timers_.advance(3s);
+    process.askToOpen(7, "clock://slow");
+    timers_.advance(1min);
+    EXPECT_EQ(process.ending, std::nullopt);
+    opener_.calls.at(0).completed("");
+    timers_.advance(1'999ms);
+    EXPECT_EQ(process.ending, std::nullopt);
+    timers_.advance(1ms);
+    EXPECT_EQ(process.ending, Ending::atOnce);
+}
+
+TEST_F(ExtensionClientTest, ReplacesADeadProcessAfterTheBackOffIfSomethingIsWanted) {
+    ready().die("ended with exit status 70");
+    timers_.advance(1h);
+    EXPECT_EQ(launcher_.starts(), 1U) << "Nothing is wanted";
+    ask("a");
+    EXPECT_EQ(launcher_.starts(), 2U) << "The back-off is long over";
+}
+
+TEST_F(ExtensionClientTest, BacksOffOneSecondDoublingToFiveMinutes) {
+    ask("a");
+    std::vector<int> seconds;
+    while (seconds.size() < 11) {
+        launcher_.last().die("ended");
+        const auto starts = launcher_.starts();
+        int waited = 0;
+        while (launcher_.starts() == starts && waited < 1'000) {
+            timers_.advance(1s);
+            ++waited;
+        }
+        seconds.push_back(waited);
     }
+    EXPECT_THAT(seconds, ElementsAre(1, 2, 4, 8, 16, 32, 64, 128, 256, 300, 300));
+}
 
-    TEST_F(ExtensionClientTest, AProcessThatIsOutOfDateAnswersFirstWhatItWasAsked) {
-        auto& first = ready();
+TEST_F(ExtensionClientTest, IntroducingItselfIsNoSuccessButAnsweringIs) {
+    ask("a");
+    launcher_.last().die("ended");
+    timers_.advance(1s);
+    launcher_.last().introduce(bundle);
+    launcher_.last().die("ended");
+    timers_.advance(1'999ms);
+    EXPECT_EQ(launcher_.starts(), 2U);
+    ask("b");
+    timers_.advance(1ms);
+    ASSERT_EQ(launcher_.starts(), 3U);
+    launcher_.last().introduce(bundle);
+    launcher_.last().answer(1, "1");
+    EXPECT_EQ(log_.lines.back(), "clock-extension: answers again");
+    ask("c");
+    launcher_.last().die("ended");
+    ask("d");
+    timers_.advance(1s);
+    EXPECT_EQ(launcher_.starts(), 4U) << "The back-off has begun anew";
+}
+
+TEST_F(ExtensionClientTest, WhatIsAskedWhileItIsDownWaitsInOrder) {
+    ready().die("ended");
+    ask("a");
+    ask("b");
+    EXPECT_EQ(launcher_.starts(), 1U);
+    timers_.advance(1s);
+    launcher_.last().introduce(bundle);
+    EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("a", "b"));
+}
+
+TEST_F(ExtensionClientTest, TellsAllThatAreUnansweredTheOldestLast) {
+    auto& process = ready();
+    ask("a");
+    ask("b");
+    ask("c");
+    process.die("was ended by signal 11");
+    EXPECT_THAT(outcomes_, ElementsAre("b unavailable: it was ended by signal 11",
+                                       "c unavailable: it was ended by signal 11",
+                                       "a unavailable: it was ended by signal 11"));
+}
+
+TEST_F(ExtensionClientTest, ThoseInAHurryWaitForAShortBackOff) {
+    ready().die("ended");
+    ask("press", Patience::brief);
+    timers_.advance(1s);
+    launcher_.last().introduce(bundle);
+    EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("press"));
+}
+
+TEST_F(ExtensionClientTest, ThoseInAHurryAreRefusedDuringALongBackOff) {
+    for (const auto pause : {1s, 2s, 4s}) {
         ask("a");
-        client_.replaceProcess();
-        ask("b");
-        timers_.runDue();
-        EXPECT_EQ(first.ending, std::nullopt);
-        first.answer(1, "1");
-        timers_.runDue();
-        EXPECT_EQ(first.ending, Ending::gently);
-        launcher_.last().introduce(bundle);
-        launcher_.last().answer(1, "2");
-        EXPECT_THAT(outcomes_, ElementsAre("a=1", "b=2"));
+        launcher_.last().die("ended");
+        timers_.advance(pause);
     }
+    launcher_.last().die("ended");
+    outcomes_.clear();
+    ask("press", Patience::brief);
+    EXPECT_THAT(outcomes_, IsEmpty()) << "Answers never come within the call";
+    timers_.runDue();
+    EXPECT_THAT(outcomes_, ElementsAre("press unavailable: it failed before and is not started "
+                                       "again before 8 s"));
+}
 
-    TEST_F(ExtensionClientTest, AProcessThatGoesOutOfDateWhileItIntroducesItselfIsReplacedToo) {
-        client_.start();
-        client_.replaceProcess();
+TEST_F(ExtensionClientTest, ThoseInAHurryAreRefusedWhenALongBackOffBeginsWhileTheyWait) {
+    ask("a");
+    for (int count = 0; count < 3; ++count) {
+        launcher_.last().die("ended");
         ask("a");
-        launcher_.last().introduce(bundle);
-        timers_.runDue();
-        ASSERT_EQ(launcher_.starts(), 2U);
-        launcher_.last().introduce(bundle);
-        EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("a"));
-    }
-
-    TEST_F(ExtensionClientTest, AProcessThatIsOutOfDateAndHangsIsReplacedAsAnyOther) {
-        ready();
-        ask("a");
-        client_.replaceProcess();
         timers_.advance(5s);
-        timers_.advance(1s);
-        ASSERT_EQ(launcher_.starts(), 1U) << "Nothing was asked since";
-        ask("b");
-        ASSERT_EQ(launcher_.starts(), 2U);
-        launcher_.last().introduce(bundle);
-        timers_.runDue();
-        EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("b"));
-        EXPECT_EQ(launcher_.starts(), 2U);
     }
+    ask("press", Patience::brief);
+    outcomes_.clear();
+    launcher_.last().die("ended");
+    timers_.runDue();
+    EXPECT_THAT(outcomes_, ElementsAre(HasSubstr("press unavailable")));
+}
 
-    TEST_F(ExtensionClientTest, WithoutAProcessNoneIsOutOfDate) {
-        ready();
-        timers_.advance(2s);
-        client_.replaceProcess();
-        timers_.runDue();
-        EXPECT_EQ(launcher_.starts(), 1U);
-        ask("a");
-        launcher_.last().introduce(bundle);
-        EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("a"));
-        EXPECT_EQ(launcher_.starts(), 2U);
+TEST_F(ExtensionClientTest, OpensUrlsOneAfterTheOtherAndAnswersWhenEachHasCompleted) {
+    auto& process = ready();
+    process.askToOpen(7, "clock://one");
+    process.askToOpen(8, "clock://two");
+    EXPECT_THAT(opener_.urls(), ElementsAre("clock://one"));
+    EXPECT_FALSE(opener_.calls[0].options.activates);
+    EXPECT_FALSE(opener_.calls[0].options.addsToRecentItems);
+    EXPECT_THAT(process.responses(), IsEmpty());
+
+    opener_.calls[0].completed("");
+    opener_.calls[1].completed("no application is registered");
+    ASSERT_THAT(process.responses(), SizeIs(2));
+    EXPECT_EQ(process.responses()[0].id, kit::MessageId(7));
+    EXPECT_EQ(std::get<std::string>(process.responses()[0].outcome), "{}");
+    EXPECT_EQ(process.responses()[1].id, kit::MessageId(8));
+    EXPECT_EQ(std::get<kit::ResponseError>(process.responses()[1].outcome).message,
+              "no application is registered");
+}
+
+TEST_F(ExtensionClientTest, IsNotIdleWhileItsUrlIsOpened) {
+    auto& process = ready();
+    process.askToOpen(7, "clock://one");
+    timers_.advance(1min);
+    EXPECT_EQ(process.ending, std::nullopt);
+    opener_.calls[0].completed("");
+    timers_.advance(2s);
+    EXPECT_EQ(process.ending, Ending::gently);
+}
+
+TEST_F(ExtensionClientTest, RefusesForeignUrlsWithAnErrorAndALineInTheLog) {
+    auto& process = ready();
+    process.askToOpen(7, "https://example.org");
+    EXPECT_THAT(opener_.urls(), IsEmpty());
+    ASSERT_THAT(process.responses(), SizeIs(1));
+    EXPECT_TRUE(std::holds_alternative<kit::ResponseError>(process.responses()[0].outcome));
+    EXPECT_THAT(log_.lines,
+                ElementsAre(AllOf(HasSubstr("clock-extension"), HasSubstr("https://example.org"))));
+}
+
+TEST_F(ExtensionClientTest, OpensTheUrlOfANotificationWithoutAnAnswer) {
+    auto& process = ready();
+    process.say(kit::encodeRequest({std::nullopt, kit::OpenRequest{"clock://one", false, false}}));
+    opener_.calls.at(0).completed("");
+    EXPECT_THAT(process.responses(), IsEmpty());
+}
+
+TEST_F(ExtensionClientTest, ReplacesAProcessThatAsksForTooManyUrls) {
+    auto& process = ready();
+    for (int id = 0; process.listener != nullptr && id < 1'000; ++id) {
+        process.askToOpen(id, "clock://again");
     }
+    EXPECT_EQ(process.ending, Ending::atOnce);
+    EXPECT_THAT(opener_.urls(), SizeIs(1));
+    EXPECT_THAT(log_.lines,
+                testing::Contains(HasSubstr("31 URLs that it asked for are not opened")));
+    opener_.calls[0].completed("");
+    EXPECT_THAT(opener_.urls(), SizeIs(1)) << "Those that waited go with the process";
+}
 
-    TEST_F(ExtensionClientTest, KillsAProcessThatDoesNotAnswerWithinFiveSeconds) {
-        auto& process = ready();
-        ask("a");
-        timers_.advance(4'999ms);
-        EXPECT_EQ(process.ending, std::nullopt);
-        timers_.advance(1ms);
-        EXPECT_EQ(process.ending, Ending::atOnce);
-        EXPECT_THAT(outcomes_,
-                    ElementsAre("a unavailable: it did not answer for the value of a within 5 s"));
-        EXPECT_THAT(log_.lines,
-                    ElementsAre("clock-extension: did not answer for the value of a within "
-                                "5 s; not started again before 1 s"));
+TEST_F(ExtensionClientTest, BearsALittleNonsenseAndGoesOn) {
+    auto& process = ready();
+    ask("a");
+    process.say("Segmentation fault (core dumped)");
+    process.say(kit::encodeResponse(99, "1"));
+    process.say(kit::encodeRequest({kit::MessageId(5), kit::ControlRequest{"x", false}}));
+    process.answer(1, "1");
+    EXPECT_THAT(outcomes_, ElementsAre("a=1"));
+    EXPECT_EQ(process.ending, std::nullopt);
+    ASSERT_THAT(log_.lines, SizeIs(3));
+    EXPECT_THAT(log_.lines[0], HasSubstr("Segmentation fault (core dumped)"));
+    ASSERT_THAT(process.responses(), SizeIs(2));
+    EXPECT_EQ(process.responses()[0].id, std::nullopt) << "The answer to a line that is no message";
+    EXPECT_EQ(process.responses()[1].id, kit::MessageId(5));
+}
+
+TEST_F(ExtensionClientTest, ReplacesAProcessThatPrintsTooMuchNonsense) {
+    auto& process = ready();
+    ask("a");
+    int lines = 0;
+    for (; process.listener != nullptr && lines < 1'000; ++lines) {
+        process.say("nonsense");
     }
+    EXPECT_EQ(lines, HostLimits{}.faults + 1);
+    EXPECT_EQ(process.ending, Ending::atOnce);
+    EXPECT_THAT(outcomes_, ElementsAre("a unavailable: it made too many mistakes"));
+}
 
-    TEST_F(ExtensionClientTest, KillsAProcessThatNeverIntroducesItself) {
-        client_.start();
-        timers_.advance(5s);
-        EXPECT_EQ(launcher_.last().ending, Ending::atOnce);
-        EXPECT_THAT(log_.lines, ElementsAre(HasSubstr("did not answer for its start within 5 s")));
-        timers_.advance(1s);
-        EXPECT_EQ(launcher_.starts(), 2U) << "What it offers is still unknown";
+TEST_F(ExtensionClientTest, ReplacesAProcessWithAnOverlongLine) {
+    auto& process = ready();
+    ask("a");
+    process.listener->overlongLineCame();
+    EXPECT_EQ(process.ending, Ending::atOnce);
+    EXPECT_THAT(log_.lines, ElementsAre(HasSubstr("a line of more than 8 MiB")));
+}
+
+TEST_F(ExtensionClientTest, ReplacesAProcessWhoseOfferIsNotUnderstood) {
+    client_.start();
+    launcher_.last().answer(0, R"({"widgets": 7})");
+    EXPECT_EQ(launcher_.last().ending, Ending::atOnce);
+    EXPECT_THAT(bundles_, IsEmpty());
+    timers_.advance(1s);
+    launcher_.last().answerWithError(0, "unknown protocol");
+    EXPECT_EQ(launcher_.last().ending, Ending::atOnce);
+    EXPECT_THAT(log_.lines, ElementsAre(HasSubstr("says what it offers"),
+                                        HasSubstr("does not want to work with this host: unknown "
+                                                  "protocol; not started again before 2 s")));
+}
+
+TEST_F(ExtensionClientTest, LogsItsStandardErrorButNoFloodOfIt) {
+    auto& process = ready();
+    for (int count = 0; count < 1'000; ++count) {
+        process.listener->errorLineCame("no Landlock in this kernel");
     }
+    ASSERT_THAT(log_.lines, SizeIs(HostLimits{}.errorLines));
+    EXPECT_EQ(log_.lines.front(), "clock-extension: no Landlock in this kernel");
+    EXPECT_THAT(log_.lines.back(), HasSubstr("is left out"));
+    timers_.advance(1s);
+    ask("a");
+    timers_.advance(4s);
+    process.answer(1, "1");
+    ask("b");
+    timers_.advance(4s);
+    process.answer(2, "2");
+    ask("c");
+    timers_.advance(1s);
+    process.listener->errorLineCame("later");
+    EXPECT_EQ(log_.lines.back(), "clock-extension: later");
+}
 
-    TEST_F(ExtensionClientTest, TimeInWhichItsUrlIsOpenedDoesNotCount) {
-        auto& process = ready();
-        ask("a");
-        timers_.advance(3s);
-        process.askToOpen(7, "clock://slow");
-        timers_.advance(1min);
-        EXPECT_EQ(process.ending, std::nullopt);
-        opener_.calls.at(0).completed("");
-        timers_.advance(1'999ms);
-        EXPECT_EQ(process.ending, std::nullopt);
-        timers_.advance(1ms);
-        EXPECT_EQ(process.ending, Ending::atOnce);
+TEST_F(ExtensionClientTest, EndsItsProcessWithItself) {
+    FakeLauncher launcher;
+    {
+        ExtensionClient client({launcher, gate_, timers_, log_, HostLimits{}, "clock-extension"},
+                               [](const kit::Bundle&) {});
+        client.start();
     }
-
-    TEST_F(ExtensionClientTest, ReplacesADeadProcessAfterTheBackOffIfSomethingIsWanted) {
-        ready().die("ended with exit status 70");
-        timers_.advance(1h);
-        EXPECT_EQ(launcher_.starts(), 1U) << "Nothing is wanted";
-        ask("a");
-        EXPECT_EQ(launcher_.starts(), 2U) << "The back-off is long over";
-    }
-
-    TEST_F(ExtensionClientTest, BacksOffOneSecondDoublingToFiveMinutes) {
-        ask("a");
-        std::vector<int> seconds;
-        while (seconds.size() < 11) {
-            launcher_.last().die("ended");
-            const auto starts = launcher_.starts();
-            int waited = 0;
-            while (launcher_.starts() == starts && waited < 1'000) {
-                timers_.advance(1s);
-                ++waited;
-            }
-            seconds.push_back(waited);
-        }
-        EXPECT_THAT(seconds, ElementsAre(1, 2, 4, 8, 16, 32, 64, 128, 256, 300, 300));
-    }
-
-    TEST_F(ExtensionClientTest, IntroducingItselfIsNoSuccessButAnsweringIs) {
-        ask("a");
-        launcher_.last().die("ended");
-        timers_.advance(1s);
-        launcher_.last().introduce(bundle);
-        launcher_.last().die("ended");
-        timers_.advance(1'999ms);
-        EXPECT_EQ(launcher_.starts(), 2U);
-        ask("b");
-        timers_.advance(1ms);
-        ASSERT_EQ(launcher_.starts(), 3U);
-        launcher_.last().introduce(bundle);
-        launcher_.last().answer(1, "1");
-        EXPECT_EQ(log_.lines.back(), "clock-extension: answers again");
-        ask("c");
-        launcher_.last().die("ended");
-        ask("d");
-        timers_.advance(1s);
-        EXPECT_EQ(launcher_.starts(), 4U) << "The back-off has begun anew";
-    }
-
-    TEST_F(ExtensionClientTest, WhatIsAskedWhileItIsDownWaitsInOrder) {
-        ready().die("ended");
-        ask("a");
-        ask("b");
-        EXPECT_EQ(launcher_.starts(), 1U);
-        timers_.advance(1s);
-        launcher_.last().introduce(bundle);
-        EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("a", "b"));
-    }
-
-    TEST_F(ExtensionClientTest, TellsAllThatAreUnansweredTheOldestLast) {
-        auto& process = ready();
-        ask("a");
-        ask("b");
-        ask("c");
-        process.die("was ended by signal 11");
-        EXPECT_THAT(outcomes_, ElementsAre("b unavailable: it was ended by signal 11",
-                                           "c unavailable: it was ended by signal 11",
-                                           "a unavailable: it was ended by signal 11"));
-    }
-
-    TEST_F(ExtensionClientTest, ThoseInAHurryWaitForAShortBackOff) {
-        ready().die("ended");
-        ask("press", Patience::brief);
-        timers_.advance(1s);
-        launcher_.last().introduce(bundle);
-        EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("press"));
-    }
-
-    TEST_F(ExtensionClientTest, ThoseInAHurryAreRefusedDuringALongBackOff) {
-        for (const auto pause : {1s, 2s, 4s}) {
-            ask("a");
-            launcher_.last().die("ended");
-            timers_.advance(pause);
-        }
-        launcher_.last().die("ended");
-        outcomes_.clear();
-        ask("press", Patience::brief);
-        EXPECT_THAT(outcomes_, IsEmpty()) << "Answers never come within the call";
-        timers_.runDue();
-        EXPECT_THAT(outcomes_, ElementsAre("press unavailable: it failed before and is not started "
-                                           "again before 8 s"));
-    }
-
-    TEST_F(ExtensionClientTest, ThoseInAHurryAreRefusedWhenALongBackOffBeginsWhileTheyWait) {
-        ask("a");
-        for (int count = 0; count < 3; ++count) {
-            launcher_.last().die("ended");
-            ask("a");
-            timers_.advance(5s);
-        }
-        ask("press", Patience::brief);
-        outcomes_.clear();
-        launcher_.last().die("ended");
-        timers_.runDue();
-        EXPECT_THAT(outcomes_, ElementsAre(HasSubstr("press unavailable")));
-    }
-
-    TEST_F(ExtensionClientTest, OpensUrlsOneAfterTheOtherAndAnswersWhenEachHasCompleted) {
-        auto& process = ready();
-        process.askToOpen(7, "clock://one");
-        process.askToOpen(8, "clock://two");
-        EXPECT_THAT(opener_.urls(), ElementsAre("clock://one"));
-        EXPECT_FALSE(opener_.calls[0].options.activates);
-        EXPECT_FALSE(opener_.calls[0].options.addsToRecentItems);
-        EXPECT_THAT(process.responses(), IsEmpty());
-
-        opener_.calls[0].completed("");
-        opener_.calls[1].completed("no application is registered");
-        ASSERT_THAT(process.responses(), SizeIs(2));
-        EXPECT_EQ(process.responses()[0].id, kit::MessageId(7));
-        EXPECT_EQ(std::get<std::string>(process.responses()[0].outcome), "{}");
-        EXPECT_EQ(process.responses()[1].id, kit::MessageId(8));
-        EXPECT_EQ(std::get<kit::ResponseError>(process.responses()[1].outcome).message,
-                  "no application is registered");
-    }
-
-    TEST_F(ExtensionClientTest, IsNotIdleWhileItsUrlIsOpened) {
-        auto& process = ready();
-        process.askToOpen(7, "clock://one");
-        timers_.advance(1min);
-        EXPECT_EQ(process.ending, std::nullopt);
-        opener_.calls[0].completed("");
-        timers_.advance(2s);
-        EXPECT_EQ(process.ending, Ending::gently);
-    }
-
-    TEST_F(ExtensionClientTest, RefusesForeignUrlsWithAnErrorAndALineInTheLog) {
-        auto& process = ready();
-        process.askToOpen(7, "https://example.org");
-        EXPECT_THAT(opener_.urls(), IsEmpty());
-        ASSERT_THAT(process.responses(), SizeIs(1));
-        EXPECT_TRUE(std::holds_alternative<kit::ResponseError>(process.responses()[0].outcome));
-        EXPECT_THAT(log_.lines, ElementsAre(AllOf(HasSubstr("clock-extension"),
-                                                  HasSubstr("https://example.org"))));
-    }
-
-    TEST_F(ExtensionClientTest, OpensTheUrlOfANotificationWithoutAnAnswer) {
-        auto& process = ready();
-        process.say(
-            kit::encodeRequest({std::nullopt, kit::OpenRequest{"clock://one", false, false}}));
-        opener_.calls.at(0).completed("");
-        EXPECT_THAT(process.responses(), IsEmpty());
-    }
-
-    TEST_F(ExtensionClientTest, ReplacesAProcessThatAsksForTooManyUrls) {
-        auto& process = ready();
-        for (int id = 0; process.listener != nullptr && id < 1'000; ++id) {
-            process.askToOpen(id, "clock://again");
-        }
-        EXPECT_EQ(process.ending, Ending::atOnce);
-        EXPECT_THAT(opener_.urls(), SizeIs(1));
-        EXPECT_THAT(log_.lines,
-                    testing::Contains(HasSubstr("31 URLs that it asked for are not opened")));
-        opener_.calls[0].completed("");
-        EXPECT_THAT(opener_.urls(), SizeIs(1)) << "Those that waited go with the process";
-    }
-
-    TEST_F(ExtensionClientTest, BearsALittleNonsenseAndGoesOn) {
-        auto& process = ready();
-        ask("a");
-        process.say("Segmentation fault (core dumped)");
-        process.say(kit::encodeResponse(99, "1"));
-        process.say(kit::encodeRequest({kit::MessageId(5), kit::ControlRequest{"x", false}}));
-        process.answer(1, "1");
-        EXPECT_THAT(outcomes_, ElementsAre("a=1"));
-        EXPECT_EQ(process.ending, std::nullopt);
-        ASSERT_THAT(log_.lines, SizeIs(3));
-        EXPECT_THAT(log_.lines[0], HasSubstr("Segmentation fault (core dumped)"));
-        ASSERT_THAT(process.responses(), SizeIs(2));
-        EXPECT_EQ(process.responses()[0].id, std::nullopt)
-            << "The answer to a line that is no message";
-        EXPECT_EQ(process.responses()[1].id, kit::MessageId(5));
-    }
-
-    TEST_F(ExtensionClientTest, ReplacesAProcessThatPrintsTooMuchNonsense) {
-        auto& process = ready();
-        ask("a");
-        int lines = 0;
-        for (; process.listener != nullptr && lines < 1'000; ++lines) {
-            process.say("nonsense");
-        }
-        EXPECT_EQ(lines, HostLimits{}.faults + 1);
-        EXPECT_EQ(process.ending, Ending::atOnce);
-        EXPECT_THAT(outcomes_, ElementsAre("a unavailable: it made too many mistakes"));
-    }
-
-    TEST_F(ExtensionClientTest, ReplacesAProcessWithAnOverlongLine) {
-        auto& process = ready();
-        ask("a");
-        process.listener->overlongLineCame();
-        EXPECT_EQ(process.ending, Ending::atOnce);
-        EXPECT_THAT(log_.lines, ElementsAre(HasSubstr("a line of more than 8 MiB")));
-    }
-
-    TEST_F(ExtensionClientTest, ReplacesAProcessWhoseOfferIsNotUnderstood) {
-        client_.start();
-        launcher_.last().answer(0, R"({"widgets": 7})");
-        EXPECT_EQ(launcher_.last().ending, Ending::atOnce);
-        EXPECT_THAT(bundles_, IsEmpty());
-        timers_.advance(1s);
-        launcher_.last().answerWithError(0, "unknown protocol");
-        EXPECT_EQ(launcher_.last().ending, Ending::atOnce);
-        EXPECT_THAT(log_.lines,
-                    ElementsAre(HasSubstr("says what it offers"),
-                                HasSubstr("does not want to work with this host: unknown "
-                                          "protocol; not started again before 2 s")));
-    }
-
-    TEST_F(ExtensionClientTest, LogsItsStandardErrorButNoFloodOfIt) {
-        auto& process = ready();
-        for (int count = 0; count < 1'000; ++count) {
-            process.listener->errorLineCame("no Landlock in this kernel");
-        }
-        ASSERT_THAT(log_.lines, SizeIs(HostLimits{}.errorLines));
-        EXPECT_EQ(log_.lines.front(), "clock-extension: no Landlock in this kernel");
-        EXPECT_THAT(log_.lines.back(), HasSubstr("is left out"));
-        timers_.advance(1s);
-        ask("a");
-        timers_.advance(4s);
-        process.answer(1, "1");
-        ask("b");
-        timers_.advance(4s);
-        process.answer(2, "2");
-        ask("c");
-        timers_.advance(1s);
-        process.listener->errorLineCame("later");
-        EXPECT_EQ(log_.lines.back(), "clock-extension: later");
-    }
-
-    TEST_F(ExtensionClientTest, EndsItsProcessWithItself) {
-        FakeLauncher launcher;
-        {
-            ExtensionClient client(
-                {launcher, gate_, timers_, log_, HostLimits{}, "clock-extension"},
-                [](const kit::Bundle&) {});
-            client.start();
-        }
-        EXPECT_EQ(launcher.last().ending, Ending::gently);
-    }
+    EXPECT_EQ(launcher.last().ending, Ending::gently);
+}
 
 }  // namespace
 }  // namespace kelmar::host
