@@ -19,6 +19,7 @@ FILES = {
         f"usr/share/applications/{APP_ID}.desktop",
         "usr/share/bash-completion/completions/kelmar-widgetctl",
         "usr/share/bash-completion/completions/kelmar-widgets",
+        f"usr/share/dbus-1/interfaces/{APP_ID}.xml",
         f"usr/share/dbus-1/services/{APP_ID}.service",
         "usr/share/doc/kelmar-planner-widgets/README.md",
         "usr/share/doc/kelmar-planner-widgets/archive.schema.json",
