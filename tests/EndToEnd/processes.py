@@ -65,14 +65,19 @@ def children_of(pid):
         return [int(child) for child in children.read().split()]
 
 
-def context_switches(pid):
-    """How often a process has been given the processor, over all its threads."""
-    count = 0
+def switches_by_thread(pid):
+    """How often each thread of a process has been given the processor."""
+    switches = {}
     for thread in os.listdir(f"/proc/{pid}/task"):
         with open(f"/proc/{pid}/task/{thread}/status", encoding="ascii") as status:
-            count += sum(int(line.split()[1]) for line in status
-                         if line.startswith("voluntary_ctxt_switches"))
-    return count
+            switches[thread] = sum(int(line.split()[1]) for line in status
+                                   if line.startswith("voluntary_ctxt_switches"))
+    return switches
+
+
+def context_switches(pid):
+    """How often a process has been given the processor, over all its threads."""
+    return sum(switches_by_thread(pid).values())
 
 
 def wait_until(condition, what, seconds=15.0):
