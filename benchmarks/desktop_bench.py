@@ -313,6 +313,45 @@ def measure_presses(session, screen, planner):
     measure("with the extension's start as well", 3.0)
 
 
+def call(session, method):
+    subprocess.run(["dbus-send", "--session", "--print-reply", "--dest=com.kelmarplanner.Widgets",
+                    "/com/kelmarplanner/Widgets", "com.kelmarplanner.Widgets." + method],
+                   env=session.environment, check=True, stdout=subprocess.DEVNULL)
+
+
+def open_and_close_gallery(session):
+    call(session, "ShowGallery")
+    window = wait_until(lambda: session.windows_named("Add widgets"), "the gallery")[0]
+    session.press_keys_on(window, "Escape")
+    wait_until(lambda: not session.windows_named("Add widgets"), "the gallery to close")
+
+
+def reload_all(session):
+    call(session, "ReloadAllTimelines")
+    # More often than ten times a second, and several would become one.
+    time.sleep(0.11)
+
+
+def measure_growth(session, screen):
+    print("Private memory in kB, before and after")
+    forget_arrangement(session)
+    processes = Host.start(session)
+    wait_for_colors(screen, Host.colors)
+    for name, step, count in (("500 reloads of all widgets", reload_all, 500),
+                              ("200 openings of the gallery", open_and_close_gallery, 200)):
+        # The first few fill caches and the allocator's pools.
+        for _ in range(10):
+            step(session)
+        wait_until_idle(processes)
+        before = memory(processes)["Private"]
+        for _ in range(count):
+            step(session)
+        wait_until_idle(processes)
+        after = memory(processes)["Private"]
+        row(name, before, after, f"{after - before:+}")
+    end(session, processes)
+
+
 def main():
     session, screen = start_session()
     try:
@@ -322,6 +361,8 @@ def main():
         measure_start(session, screen)
         measure_memory(session, screen)
         measure_wakeups(session, screen, planner)
+        publish(planner, running=False)
+        measure_growth(session, screen)
     finally:
         session.end()
 

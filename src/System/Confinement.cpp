@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstring>
-#include <errno.h>
 #include <fmt/format.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>

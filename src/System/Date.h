@@ -24,7 +24,7 @@ public:
         return seconds_ - epochs2001Minus1970;
     }
 
-    friend constexpr auto operator<=>(Date, Date) = default;
+    friend constexpr auto operator<=>(Date, Date) = default;  // NOLINT(modernize-use-nullptr)
     friend constexpr Date operator+(Date date, Seconds elapsed) {
         return Date(date.seconds_ + elapsed);
     }

@@ -1,7 +1,7 @@
 #include "System/Fatal.h"
 
 #include <algorithm>
-#include <errno.h>
+#include <cerrno>
 #include <string>
 #include <unistd.h>
 

@@ -1,8 +1,8 @@
 #include "System/FileConfinement.h"
 
+#include <cerrno>
 #include <cstdint>
 #include <cstring>
-#include <errno.h>
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <linux/landlock.h>

@@ -1,8 +1,8 @@
 #include "System/Folder.h"
 
+#include <cerrno>
 #include <cstring>
 #include <dirent.h>
-#include <errno.h>
 #include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>

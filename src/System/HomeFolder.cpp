@@ -1,6 +1,6 @@
 #include "System/HomeFolder.h"
 
-#include <errno.h>
+#include <cerrno>
 #include <pwd.h>
 #include <unistd.h>
 #include <vector>

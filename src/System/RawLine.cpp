@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstddef>
-#include <errno.h>
 #include <sys/uio.h>
 #include <unistd.h>
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <cstring>
-#include <errno.h>
 #include <fmt/format.h>
 #include <new>
 #include <sys/resource.h>

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <charconv>
 #include <csignal>
 #include <cstring>
-#include <errno.h>
 #include <fmt/format.h>
 #include <memory>
 #include <seccomp.h>

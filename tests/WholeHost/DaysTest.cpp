@@ -167,6 +167,17 @@ TEST_F(DaysTest, ADayOf25HoursEndsAnHourLater) {
     expectMidnight(beginOf1November2026, beginOf2November2026);
 }
 
+TEST_F(DaysTest, EveryDayOfAMonthIsRight) {
+    // From 9 October 2025 at 15:00, over the end of daylight saving time.
+    constexpr double start = 1'760'036'400;
+    place(newYork, start);
+    for (int day = 1; day <= 31; ++day) {
+        liveUntil(start + day * 86'400.0);
+        expectWhatAFreshExtensionSays();
+    }
+    EXPECT_GE(calledAt_.size(), 31U);
+}
+
 TEST_F(DaysTest, NothingWakesTheHostOnceAnHourOrMore) {
     place(newYork, beginOf9October2025 + 9 * hour);
     liveUntil(beginOf10October2025 + 24 * hour);
