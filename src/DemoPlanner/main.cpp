@@ -133,7 +133,7 @@ int runWith(int& count, char** arguments) {
     if (const auto* const status = std::get_if<int>(&read)) {
         return *status;
     }
-    const Options& options = std::get<Options>(read);
+    const auto& options = std::get<Options>(read);
     switch (options.task) {
         case Options::Task::registerHandler:
             return report(registerSchemeHandler(std::filesystem::read_symlink("/proc/self/exe")));

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <initializer_list>
 #include <optional>
+#include <utility>
 
 namespace kelmar::desktop {
 
@@ -45,7 +46,8 @@ QJsonObject encodeWidget(const WidgetPlace& widget) {
 /// Reads the members of one object and remembers the first that is not what it must be.
 class Reader {
 public:
-    Reader(const QJsonObject& object, std::string& problem) : object_(object), problem_(problem) {}
+    Reader(QJsonObject object, std::string& problem)
+        : object_(std::move(object)), problem_(problem) {}
 
     std::string text(const char* key) {
         const QJsonValue value = object_.value(QLatin1String(key));

@@ -87,7 +87,7 @@ void GalleryPage::takeLook() {
         section.description->setForegroundRole(QPalette::PlaceholderText);
     }
     hint_->setForegroundRole(QPalette::PlaceholderText);
-    layOut(width(), Purpose::placing);
+    static_cast<void>(layOut(width(), Purpose::placing));
     updateGeometry();
 }
 
@@ -108,7 +108,7 @@ int GalleryPage::heightForWidth(int width) const {
 }
 
 void GalleryPage::resizeEvent(QResizeEvent* event) {
-    layOut(event->size().width(), Purpose::placing);
+    static_cast<void>(layOut(event->size().width(), Purpose::placing));
 }
 
 void GalleryPage::addSection(const kit::WidgetDescriptor& widget) {

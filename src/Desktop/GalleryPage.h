@@ -48,7 +48,8 @@ private:
     void addSection(const kit::WidgetDescriptor& widget);
     [[nodiscard]] QLabel* addText(const std::string& text);
     void setFonts();
-    int layOut(int width, Purpose purpose) const;
+    /// Gives back the height.
+    [[nodiscard]] int layOut(int width, Purpose purpose) const;
 
     const GalleryParts& parts_;
     QLabel* title_;

@@ -56,7 +56,7 @@ private slots:
     void readSetting(const QString& settingNamespace, const QString& key,
                      const QDBusVariant& value);
 
-private:  // NOLINT(readability-redundant-access-specifiers): no slots any more
+private:
     void readAll();
     void readAnswer(QDBusPendingCallWatcher& call);
     void replace(Preferences preferences);
