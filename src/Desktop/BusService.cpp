@@ -23,8 +23,8 @@ const Descriptor* find(const std::vector<Descriptor>& descriptors, const std::st
 
 }  // namespace
 
-BusService::BusService(Parts parts, const QDBusConnection& bus)
-    : parts_(std::move(parts)), bus_(bus) {
+BusService::BusService(Parts parts, QDBusConnection bus)
+    : parts_(std::move(parts)), bus_(std::move(bus)) {
     qDBusRegisterMetaType<BusReports>();
     new WidgetsInterface(*this);
     new ApplicationInterface(*this);

@@ -27,7 +27,7 @@ public:
         std::function<std::vector<DesktopItem>()> items;
     };
 
-    BusService(Parts parts, const QDBusConnection& bus);
+    BusService(Parts parts, QDBusConnection bus);
     ~BusService() override;
 
     void reload(const QString& kind, const QDBusMessage& call);
