@@ -3,8 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Desktop/ControlEntries.h"
-#include "Host/HostParts.h"
-#include "tests/Host/Fakes.h"
+#include "tests/Host/HostTest.h"
 
 namespace kelmar::desktop {
 namespace {
@@ -23,7 +22,7 @@ kit::ControlValue lampValue(bool running, const std::string& text) {
             .intent = {.name = "Light", .parameters = {{"value", !running}}}};
 }
 
-class ControlEntriesTest : public testing::Test {
+class ControlEntriesTest : public host::HostTest {
 protected:
     host::FakeProcess& process() { return launcher_.last(); }
 
@@ -60,17 +59,8 @@ protected:
 
     [[nodiscard]] QAction& entry() const { return *menu_.actions().constFirst(); }
 
-    host::RecordingUrlOpener opener_;
-    system::ManualClock clock_{system::Date::since1970(1'760'000'000)};
-    host::ManualWallClockTimer wallClockTimer_;
-    host::ManualTimers timers_;
-    host::FakeLauncher launcher_;
-    host::ManualFileWatch fileWatch_;
-    host::RecordingLog log_;
     host::WidgetHost host_{
-        {.executable = "/opt/lamp-extension", .urlScheme = "lamp", .reloadOnChange = {}},
-        host::HostParts{opener_, clock_, wallClockTimer_, timers_, launcher_, fileWatch_, log_,
-                        host::HostLimits{}}};
+        {.executable = "/opt/lamp-extension", .urlScheme = "lamp", .reloadOnChange = {}}, parts_};
     QMenu menu_;
 };
 

@@ -1,10 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "Host/HostParts.h"
 #include "Host/WidgetHost.h"
 #include "tests/Host/Contents.h"
-#include "tests/Host/Fakes.h"
+#include "tests/Host/HostTest.h"
 
 namespace kelmar::host {
 namespace {
@@ -31,7 +30,7 @@ const kit::ControlValue on{.running = true,
                            .symbol = "circle",
                            .intent = {.name = "Light", .parameters = {{"value", false}}}};
 
-class ControlsTest : public testing::Test {
+class ControlsTest : public HostTest {
 protected:
     ControlsTest() {
         QObject::connect(&host_, &WidgetHost::controlChanged, &host_,
@@ -61,18 +60,10 @@ protected:
         return value != nullptr ? value->text : "nothing";
     }
 
-    RecordingUrlOpener opener_;
-    system::ManualClock clock_{at(1'000)};
-    ManualWallClockTimer wallClockTimer_;
-    ManualTimers timers_;
-    FakeLauncher launcher_;
-    ManualFileWatch fileWatch_;
-    RecordingLog log_;
     WidgetHost host_{{.executable = "/opt/clock-extension",
                       .urlScheme = "clock",
                       .reloadOnChange = {"/home/someone/clock.json"}},
-                     HostParts{opener_, clock_, wallClockTimer_, timers_, launcher_, fileWatch_,
-                               log_, HostLimits{}}};
+                     parts_};
     std::vector<std::string> changed_;
 };
 

@@ -1,10 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "Host/HostParts.h"
 #include "Host/WidgetHost.h"
 #include "tests/Host/Contents.h"
-#include "tests/Host/Fakes.h"
+#include "tests/Host/HostTest.h"
 
 namespace kelmar::host {
 namespace {
@@ -17,7 +16,7 @@ const kit::Environment small{
     .family = kit::Family::small, .contentSize = {138, 138}, .renderingMode = {}};
 
 /// A host with one widget, which was placed at 1000 and gets its answers by hand.
-class WidgetHostReportTest : public testing::Test {
+class WidgetHostReportTest : public HostTest {
 protected:
     WidgetHostReportTest() {
         launcher_.last().introduce({.widgets = {{"Clock", "", "", {}}}, .controls = {}});
@@ -31,17 +30,8 @@ protected:
                                 kit::encodeTimeline(timeline));
     }
 
-    RecordingUrlOpener opener_;
-    system::ManualClock clock_{at(1'000)};
-    ManualWallClockTimer wallClockTimer_;
-    ManualTimers timers_;
-    FakeLauncher launcher_;
-    ManualFileWatch fileWatch_;
-    RecordingLog log_;
     WidgetHost host_{
-        {.executable = "/opt/clock-extension", .urlScheme = "clock", .reloadOnChange = {}},
-        HostParts{opener_, clock_, wallClockTimer_, timers_, launcher_, fileWatch_, log_,
-                  HostLimits{}}};
+        {.executable = "/opt/clock-extension", .urlScheme = "clock", .reloadOnChange = {}}, parts_};
     WidgetId id_ = 0;
 };
 

@@ -1,10 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "Host/HostParts.h"
 #include "Host/WidgetHost.h"
 #include "tests/Host/Contents.h"
-#include "tests/Host/Fakes.h"
+#include "tests/Host/HostTest.h"
 
 namespace kelmar::host {
 namespace {
@@ -41,7 +40,7 @@ std::string wordsOf(const kit::Request& request) {
         request.body);
 }
 
-class WidgetHostTest : public testing::Test {
+class WidgetHostTest : public HostTest {
 protected:
     WidgetHostTest() {
         QObject::connect(&host_, &WidgetHost::entryChanged, &host_,
@@ -83,18 +82,10 @@ protected:
         return entry != nullptr ? textOf(*entry) : "nothing";
     }
 
-    RecordingUrlOpener opener_;
-    system::ManualClock clock_{at(1'000)};
-    ManualWallClockTimer wallClockTimer_;
-    ManualTimers timers_;
-    FakeLauncher launcher_;
-    ManualFileWatch fileWatch_;
-    RecordingLog log_;
     WidgetHost host_{{.executable = "/opt/clock-extension",
                       .urlScheme = "clock",
                       .reloadOnChange = {"/home/someone/clock.json"}},
-                     HostParts{opener_, clock_, wallClockTimer_, timers_, launcher_, fileWatch_,
-                               log_, HostLimits{}}};
+                     parts_};
     std::vector<WidgetId> changed_;
     int bundleChanges_ = 0;
     FakeProcess* lookedAt_ = nullptr;
