@@ -3,6 +3,7 @@ and a planner that is registered for the widgets' links. Nothing of it outlives 
 
 import os
 import pwd
+import re
 import shutil
 import stat
 import subprocess
@@ -180,12 +181,17 @@ class Session:
                               check=True, stdout=subprocess.PIPE, text=True).stdout
 
     def open_plain_window(self, x, y, width, height):
-        """An ordinary window, for covering others and for having the keyboard."""
+        """An ordinary window, for covering others and for having the keyboard, which it has then.
+
+        It is mapped before its window manager gives it the keyboard: who went on in between
+        would see it come forward in the middle of the next step.
+        """
         process = self.processes.start(
             "plain-window",
             ["xmessage", "-title", "Plain Window", "-bg", "#%02x%02x%02x" % PLAIN_COLOR,
              "-geometry", f"{width}x{height}+{x}+{y}", "-buttons", "", " "], self.environment)
-        wait_until(lambda: self.windows_named("Plain Window"), "a plain window")
+        window = wait_until(lambda: self.windows_named("Plain Window"), "a plain window")[-1]
+        wait_until(lambda: self.active_window() == window, "the plain window to have the keyboard")
         return process
 
     def press_keys_on(self, window, *keys):
@@ -193,11 +199,11 @@ class Session:
         self._xdotool("windowfocus", "--sync", window, "key", *keys)
 
     def active_window(self):
-        """The window that has the keyboard, as its window manager says."""
+        """The window that has the keyboard, as its window manager says, or None."""
         answer = subprocess.run(["xprop", "-root", "_NET_ACTIVE_WINDOW"], env=self.environment,
                                 check=True, stdout=subprocess.PIPE, text=True).stdout
-        number = answer.split("#")[-1].strip()
-        return None if number == "0x0" else number
+        number = re.search(r"# (0x[0-9a-f]+)", answer)
+        return int(number[1], 16) or None if number else None
 
     def keyboard_owner(self):
         """The window that really has the keyboard, whatever its window manager thinks."""
