@@ -38,10 +38,12 @@ class Probe:
             file.write(KEY_FILE)
 
     def start_widgets(self, *arguments):
-        """Starts the program and waits until the probe's window stands; returns the process."""
+        """Starts the program and waits for its window, or one for each to add; returns the process."""
         process = self._session.processes.start("kelmar-widgets", self.command(*arguments),
                                                 self._session.environment)
-        self.window()
+        count = max(1, arguments.count("--add"))
+        wait_until(lambda: len(self._session.windows_named("Probe")) >= count,
+                   f"the probe's windows: {count}")
         return process
 
     def command(self, *arguments):
