@@ -1,6 +1,7 @@
 """A desktop session of its own for one test: X server, window manager, session bus, home folder
 and a planner that is registered for the widgets' links. Nothing of it outlives the test."""
 
+import ctypes
 import os
 import pwd
 import re
@@ -210,6 +211,16 @@ class Session:
         answer = subprocess.run(["xdotool", "getwindowfocus"], env=self.environment, check=False,
                                 stdout=subprocess.PIPE, text=True).stdout
         return int(answer) if answer.strip() else None
+
+    def has_selection_owner(self, name):
+        """Whether some program holds a selection, as system trays and compositors do."""
+        xlib = ctypes.CDLL("libX11.so.6")
+        xlib.XOpenDisplay.restype = ctypes.c_void_p
+        display = ctypes.c_void_p(xlib.XOpenDisplay(self.environment["DISPLAY"].encode()))
+        selection = ctypes.c_ulong(xlib.XInternAtom(display, name.encode(), 0))
+        owner = xlib.XGetSelectionOwner(display, selection)
+        xlib.XCloseDisplay(display)
+        return owner != 0
 
     def settle(self):
         """Lets everything that was sent arrive: what must NOT happen can only be waited for."""

@@ -160,6 +160,7 @@ class WindowTrayTest(ControlTest):
         self.session.processes.start(
             "trayer", ["trayer", "--edge", "bottom", "--align", "right", "--widthtype", "request"],
             self.session.environment)
+        wait_until(lambda: self.session.has_selection_owner("_NET_SYSTEM_TRAY_S0"), "the tray")
 
     def icon(self):
         """The middle of the icon, once it is in the tray."""
