@@ -114,7 +114,7 @@ QAccessible::State BoxAccessible::state() const {
     state.invisible = !widget_->isVisible();
     state.focusable = isPressable(box_);
     state.linked = std::holds_alternative<layout::LinkAction>(box_.action);
-    const PressTarget* focused = widget_->focused();
+    const PressTarget* focused = widget_->keyboard().focused();
     state.focused = focused != nullptr && *focused == PressTarget{box_.action, box_.rect};
     if (const auto* toggle = toggleOf(box_)) {
         state.checkable = true;
@@ -139,7 +139,7 @@ QStringList BoxAccessible::actionNames() const {
 
 void BoxAccessible::doAction(const QString& name) {
     if (name == setFocusAction()) {
-        widget_->focusOn({box_.action, box_.rect});
+        widget_->keyboard().focusOn({box_.action, box_.rect});
     } else if (actionNames().contains(name)) {
         // A copy: running it may bring new boxes at once.
         const layout::Action action = box_.action;

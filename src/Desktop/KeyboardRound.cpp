@@ -10,17 +10,17 @@ namespace kelmar::desktop {
 void KeyboardRound::add(WidgetWindow& window) {
     std::erase_if(windows_, [](const QPointer<WidgetWindow>& known) { return known.isNull(); });
     windows_.emplace_back(&window);
-    connect(&window, &WidgetWindow::keyboardRequested, this,
+    connect(&window.keyboard(), &WidgetKeyboard::requested, this,
             [this, &window] { loan_.takeFor(*window.windowHandle()); });
-    connect(&window, &WidgetWindow::keyboardPassedOn, this,
+    connect(&window.keyboard(), &WidgetKeyboard::passedOn, this,
             [this, &window](FocusStep step) { goOn(window, step); });
-    connect(&window, &WidgetWindow::keyboardReturned, this, [this] { loan_.giveBack(); });
+    connect(&window.keyboard(), &WidgetKeyboard::returned, this, [this] { loan_.giveBack(); });
 }
 
 void KeyboardRound::begin() {
     const std::vector<WidgetWindow*> windows = order();
     if (!windows.empty()) {
-        windows.front()->enterByKeyboard(FocusStep::next);
+        windows.front()->keyboard().enter(FocusStep::next);
     }
 }
 
@@ -34,13 +34,13 @@ void KeyboardRound::goOn(WidgetWindow& from, FocusStep step) {
     }
     const auto here = std::ranges::find(windows, &from);
     const bool isLast = here == windows.end() || here + 1 == windows.end();
-    (isLast ? windows.front() : *(here + 1))->enterByKeyboard(step);
+    (isLast ? windows.front() : *(here + 1))->keyboard().enter(step);
 }
 
 std::vector<WidgetWindow*> KeyboardRound::order() const {
     std::vector<WidgetWindow*> order;
     for (const QPointer<WidgetWindow>& window : windows_) {
-        if (window && window->isVisible() && !window->focusChain().isEmpty()) {
+        if (window && window->isVisible() && window->keyboard().hasTargets()) {
             order.push_back(window);
         }
     }

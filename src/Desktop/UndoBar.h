@@ -5,8 +5,8 @@
 #include <QTimer>
 #include <QWidget>
 
+#include "Desktop/Corners.h"
 #include "Desktop/Look.h"
-#include "Desktop/WidgetWindow.h"
 
 namespace kelmar::desktop {
 

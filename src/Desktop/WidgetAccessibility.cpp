@@ -57,7 +57,7 @@ public:
     }
     void doAction(const QString& name) override {
         if (name == setFocusAction()) {
-            window_.requestKeyboard();
+            window_.keyboard().request();
         } else {
             QAccessibleWidget::doAction(name);
         }
@@ -67,7 +67,7 @@ public:
         if (!knowsBoxes_) {
             return;  // Nobody has asked for the former ones.
         }
-        layout::PlacedBoxes boxes = window_.readableBoxes();
+        const layout::PlacedBoxes boxes = readableBoxes();
         if (haveRolesOf(boxes)) {
             for (std::size_t index = 0; index < boxes.size(); ++index) {
                 children_[index]->become(boxes[index]);
@@ -94,13 +94,17 @@ private:
     [[nodiscard]] const Children& children() const {
         if (!knowsBoxes_) {
             knowsBoxes_ = true;
-            for (layout::PlacedBox& box : window_.readableBoxes()) {
+            for (layout::PlacedBox& box : readableBoxes()) {
                 // Owned by the registry, which hands it out by its number.
                 children_.push_back(new BoxAccessible(window_, std::move(box)));
                 QAccessible::registerAccessibleInterface(children_.back());
             }
         }
         return children_;
+    }
+
+    [[nodiscard]] layout::PlacedBoxes readableBoxes() const {
+        return window_.content().readableBoxes(window_.accessibleName().toStdString());
     }
 
     [[nodiscard]] bool haveRolesOf(const layout::PlacedBoxes& boxes) const {

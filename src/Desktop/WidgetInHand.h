@@ -3,8 +3,8 @@
 #include <QImage>
 #include <QWidget>
 
+#include "Desktop/Corners.h"
 #include "Desktop/Dragging.h"
-#include "Desktop/WidgetWindow.h"
 
 namespace kelmar::desktop {
 

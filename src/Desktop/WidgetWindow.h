@@ -1,29 +1,18 @@
 #pragma once
 
-#include <QTimer>
 #include <QWidget>
 #include <functional>
-#include <memory>
-#include <optional>
-#include <string>
 
-#include "Desktop/CrossFade.h"
-#include "Desktop/Dragging.h"
-#include "Desktop/FocusChain.h"
+#include "Desktop/Corners.h"
+#include "Desktop/LiveDrawing.h"
 #include "Desktop/Motion.h"
-#include "Desktop/Press.h"
-#include "Desktop/WindowVisibility.h"
-#include "Kit/Timeline.h"
-#include "Layout/Layout.h"
-#include "Paint/Appearance.h"
-#include "Paint/WidgetPicture.h"
+#include "Desktop/WidgetContent.h"
+#include "Desktop/WidgetKeyboard.h"
+#include "Desktop/WidgetPointer.h"
+#include "Desktop/WindowPainting.h"
 #include "System/Clock.h"
 
 namespace kelmar::desktop {
-
-/// Whether the corners are left out of the window, or transparent in it. The latter needs a
-/// compositor, without which they would be black.
-enum class Corners { cutOut, transparent };
 
 /// One widget on the desktop: draws what it is given and tells what the user does to it.
 class WidgetWindow final : public QWidget {
@@ -39,7 +28,7 @@ public:
     void setAppearance(const paint::Appearance& appearance);
     void setCorners(Corners corners);
     /// Whether new content may fade in.
-    void setMotion(Motion motion) { motion_ = motion; }
+    void setMotion(Motion motion) { painting_.setMotion(motion); }
     /// By which the window can be dragged; without one it cannot.
     void setDragRule(DragRule rule);
     /// What is to be seen from now on; `resources` must outlive it. A redacted widget cannot be
@@ -52,29 +41,16 @@ public:
     /// The clock was set: draws anew what depends on it, such as a countdown.
     void followClock();
 
-    /// What is shown, from the window's top left corner; empty while it is redacted.
-    [[nodiscard]] const layout::PlacedBoxes& boxes() const;
-    /// What there is to read and to press, in the order in which it is read: a link over the whole
-    /// widget if it has an URL of its own, and the boxes.
-    [[nodiscard]] layout::PlacedBoxes readableBoxes() const;
+    /// What is shown.
+    [[nodiscard]] const WidgetContent& content() const { return content_; }
     [[nodiscard]] system::Date now() const { return clock_.now(); }
+    [[nodiscard]] WidgetKeyboard& keyboard() { return keyboard_; }
+    [[nodiscard]] const WidgetKeyboard& keyboard() const { return keyboard_; }
     /// Runs an action as a press on it would.
     void run(const layout::Action& action);
 
-    [[nodiscard]] const FocusChain& focusChain() const { return focusChain_; }
-    /// What the keyboard presses now, if it is here and there is something to press.
-    [[nodiscard]] const PressTarget* focused() const;
-    /// Has the keyboard come: to where it was last, to the first or last target, or to this one.
-    void requestKeyboard();
-    void enterByKeyboard(FocusStep step);
-    void focusOn(const PressTarget& target);
-
 signals:
     void actionRequested(const kelmar::layout::Action& action);
-    void keyboardRequested();
-    /// The Tab key has gone past the last target.
-    void keyboardPassedOn(kelmar::desktop::FocusStep step);
-    void keyboardReturned();
     void movedByHand(QPoint position);
     void menuRequested(QPoint screenPosition);
 
@@ -93,35 +69,18 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    [[nodiscard]] std::optional<PressTarget> targetAtPointer(QPointF position) const;
-    void drag(QPoint pointer);
-    void updateCursor(const std::optional<PressTarget>& target);
-    void drawPart(QPainter& painter, const QRect& part);
-    void redrawLiveAreas();
-    [[nodiscard]] QImage shownPicture(const QRect& pixels) const;
-    void fadeTo(const paint::WidgetPicture& next, paint::Redaction redaction);
-    void paintFormer(QPainter& painter) const;
-    void paintFocus(QPainter& painter) const;
-    void showFocus();
+    void connectParts();
     void updateMask();
-    void scheduleLiveChange();
+    void showFocus();
 
     const system::Clock& clock_;
     kit::Family family_;
-    paint::PaintStyle style_;
-    Corners corners_ = Corners::cutOut;
-    Motion motion_ = Motion::full;
-    std::optional<paint::WidgetPicture> picture_;
-    std::optional<std::string> widgetUrl_;
+    WidgetContent content_;
+    WindowPainting painting_;
+    LiveDrawing liveDrawing_;
+    WidgetPointer pointer_;
+    WidgetKeyboard keyboard_;
     std::function<QString()> toolTipSource_;
-    std::optional<system::Date> shownMoment_;  ///< When it was last drawn.
-    PressGesture gesture_;
-    DragRule dragRule_;
-    FocusChain focusChain_;
-    QPoint grip_;  ///< From the window's top left corner to where the pointer holds it.
-    std::unique_ptr<WindowVisibility> visibility_;
-    QTimer liveTimer_;
-    CrossFade crossFade_;
 };
 
 }  // namespace kelmar::desktop

@@ -120,7 +120,7 @@ TEST_F(WidgetWindowTest, RedactedWidgetCannotBePressed) {
     click(button);
     click(besideAll);
     EXPECT_TRUE(actions_.empty());
-    EXPECT_TRUE(window_.boxes().empty());
+    EXPECT_TRUE(window_.content().boxes().empty());
 }
 
 TEST_F(WidgetWindowTest, ToolTipIsAskedForEachTimeItAppears) {
@@ -340,9 +340,9 @@ TEST_F(WidgetFadeTest, AnotherSizeIsShownAtOnce) {
 class WidgetKeyboardTest : public WidgetWindowTest {
 protected:
     WidgetKeyboardTest() {
-        QObject::connect(&window_, &WidgetWindow::keyboardPassedOn,
+        QObject::connect(&window_.keyboard(), &WidgetKeyboard::passedOn,
                          [this](FocusStep step) { passedOn_.push_back(step); });
-        QObject::connect(&window_, &WidgetWindow::keyboardReturned, [this] { ++returned_; });
+        QObject::connect(&window_.keyboard(), &WidgetKeyboard::returned, [this] { ++returned_; });
     }
 
     void giveKeyboard() {
@@ -364,21 +364,21 @@ const layout::Action buttonAction = layout::ButtonAction{press};
 const layout::Action linkAction = layout::LinkAction{"probe://linked"};
 
 TEST_F(WidgetKeyboardTest, KeyboardComesToTheFirstTarget) {
-    EXPECT_EQ(window_.focused(), nullptr);
+    EXPECT_EQ(window_.keyboard().focused(), nullptr);
     giveKeyboard();
-    ASSERT_NE(window_.focused(), nullptr);
-    EXPECT_EQ(window_.focused()->action, buttonAction);
+    ASSERT_NE(window_.keyboard().focused(), nullptr);
+    EXPECT_EQ(window_.keyboard().focused()->action, buttonAction);
 }
 
 TEST_F(WidgetKeyboardTest, TabReachesEverythingAndThenPassesTheKeyboardOn) {
     giveKeyboard();
     key(Qt::Key_Tab);
-    EXPECT_EQ(window_.focused()->action, linkAction);
+    EXPECT_EQ(window_.keyboard().focused()->action, linkAction);
     EXPECT_TRUE(passedOn_.empty());
     key(Qt::Key_Tab);
     EXPECT_THAT(passedOn_, ElementsAre(FocusStep::next));
     key(Qt::Key_Backtab, Qt::ShiftModifier);
-    EXPECT_EQ(window_.focused()->action, buttonAction);
+    EXPECT_EQ(window_.keyboard().focused()->action, buttonAction);
     key(Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_THAT(passedOn_, ElementsAre(FocusStep::next, FocusStep::previous));
 }
@@ -411,7 +411,7 @@ TEST_F(WidgetKeyboardTest, RedactedWidgetHasNothingToPress) {
     giveKeyboard();
     key(Qt::Key_Return);
     EXPECT_TRUE(actions_.empty());
-    EXPECT_EQ(window_.focused(), nullptr);
+    EXPECT_EQ(window_.keyboard().focused(), nullptr);
 }
 
 TEST_F(WidgetKeyboardTest, EscapeGivesTheKeyboardBack) {
@@ -541,7 +541,7 @@ TEST_F(WidgetAccessibilityTest, OtherContentMakesOtherChildren) {
 TEST_F(WidgetAccessibilityTest, KeyboardIsFollowed) {
     ASSERT_EQ(names().size(), 2U);
     int requests = 0;
-    QObject::connect(&window_, &WidgetWindow::keyboardRequested, [&] { ++requests; });
+    QObject::connect(&window_.keyboard(), &WidgetKeyboard::requested, [&] { ++requests; });
     QApplication::setActiveWindow(&window_);
     widget()->child(1)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
     EXPECT_EQ(requests, 1);

@@ -1,0 +1,71 @@
+#include "Desktop/WindowPainting.h"
+
+#include "Desktop/CutOutCard.h"
+
+namespace kelmar::desktop {
+
+WindowPainting::WindowPainting(const WidgetContent& content, const system::Clock& clock)
+    : content_(content), clock_(clock) {
+    connect(&crossFade_, &CrossFade::advanced, this, &WindowPainting::frameDue);
+}
+
+void WindowPainting::fadeTo(const WidgetContent& next) {
+    const paint::WidgetPicture* former = content_.picture();
+    const bool shows =
+        former != nullptr && paintedMoment_ && content_.redaction() == paint::Redaction::shown;
+    const bool mayFade = motion_ == Motion::full && next.redaction() == paint::Redaction::shown;
+    if (!shows || !mayFade || next.picture()->size() != former->size()) {
+        crossFade_.end();
+    } else if (!next.picture()->showsSameAs(*former)) {
+        crossFade_.begin(picture(QRect(QPoint(), former->pixelSize(scale_))));
+    }
+}
+
+void WindowPainting::paint(QPainter& painter, const QRegion& parts, double scale) {
+    if (content_.picture() == nullptr) {
+        return;
+    }
+    scale_ = scale;
+    paintedMoment_ = clock_.now();
+    for (const QRect& part : parts) {
+        paintPart(painter, part);
+    }
+    paintFormer(painter);
+}
+
+void WindowPainting::paintPart(QPainter& painter, const QRect& part) const {
+    const QRect whole(QPoint(), content_.picture()->pixelSize(scale_));
+    const QRect pixels =
+        QRectF(QPointF(part.topLeft()) * scale_, QSizeF(part.size()) * scale_).toAlignedRect() &
+        whole;
+    painter.drawImage(QPointF(pixels.topLeft()) / scale_, picture(pixels));
+}
+
+void WindowPainting::paintFormer(QPainter& painter) const {
+    const QImage& former = crossFade_.former();
+    if (former.isNull() || former.devicePixelRatio() != scale_) {
+        return;
+    }
+    // Not over the new picture but mixed with it, which keeps what shines through as it is.
+    painter.save();
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.setOpacity(crossFade_.remaining());
+    painter.drawImage(QPointF(), former);
+    painter.restore();
+}
+
+void WindowPainting::paintFocus(QPainter& painter, const layout::Rect& rect) const {
+    painter.scale(1 / scale_, 1 / scale_);
+    content_.picture()->paintFocus(painter, rect, style());
+}
+
+paint::PaintStyle WindowPainting::style() const {
+    return {.appearance = appearance_, .scale = scale_, .redaction = content_.redaction()};
+}
+
+QImage WindowPainting::picture(const QRect& pixels) const {
+    const QImage image = content_.picture()->image(style(), *paintedMoment_, pixels);
+    return corners_ == Corners::cutOut ? opaqueCard(image) : image;
+}
+
+}  // namespace kelmar::desktop
