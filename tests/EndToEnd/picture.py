@@ -1,62 +1,62 @@
-"""Pictures as plain rows of pixels, read with ImageMagick's tools."""
+"""Pictures as plain rows of pixels."""
 
+import array
+import collections
 import subprocess
 
 
 class Picture:
-    """8-bit RGB pixels, from the top left corner."""
+    """8-bit RGB pixels, from the top left corner, given as blue, green, red and an unused byte."""
 
     def __init__(self, width, height, pixels):
         self.width = width
         self.height = height
-        self._pixels = pixels
-
-    @classmethod
-    def of_screen(cls, environment):
-        return cls._from_ppm(_output(["import", "-silent", "-window", "root", "-depth", "8",
-                                      "ppm:-"], environment))
+        self._pixels = array.array("I", pixels)
 
     @classmethod
     def of_file(cls, path):
-        return cls._from_ppm(_output(["convert", path, "-alpha", "remove", "-depth", "8", "ppm:-"],
-                                     None))
+        """As ImageMagick reads it."""
+        data = subprocess.run(["convert", path, "-alpha", "remove", "-depth", "8", "ppm:-"],
+                              check=True, stdout=subprocess.PIPE).stdout
+        magic, size, maximum, triples = data.split(b"\n", 3)
+        if magic != b"P6" or maximum != b"255":
+            raise AssertionError("not a picture of 8 bits a component")
+        width, height = map(int, size.split())
+        pixels = bytearray(4 * width * height)
+        for component in range(3):
+            pixels[component::4] = triples[2 - component::3]
+        return cls(width, height, bytes(pixels))
 
     def pixel(self, x, y):
-        start = 3 * (y * self.width + x)
-        return tuple(self._pixels[start:start + 3])
+        return components(self._pixels[y * self.width + x])
 
     def part(self, x, y, width, height):
-        rows = (self._pixels[3 * (row * self.width + x):3 * (row * self.width + x + width)]
-                for row in range(y, y + height))
-        return Picture(width, height, b"".join(rows))
+        part = array.array("I")
+        for row in range(y, y + height):
+            part.extend(self._pixels[row * self.width + x:row * self.width + x + width])
+        return Picture(width, height, part)
 
     def differing_pixels(self, other, tolerance=0):
         """How many pixels differ by more than `tolerance` in any component."""
         if (self.width, self.height) != (other.width, other.height):
             raise AssertionError("pictures of different sizes")
-        return sum(
-            1 for start in range(0, len(self._pixels), 3)
-            if any(abs(self._pixels[start + i] - other._pixels[start + i]) > tolerance
-                   for i in range(3)))
+        pairs = collections.Counter(zip(self._pixels, other._pixels))
+        return sum(count for (one, another), count in pairs.items()
+                   if not are_near(components(one), components(another), tolerance))
 
     def count(self, color, tolerance=8):
         """How many pixels have a colour, nearly."""
-        return sum(
-            1 for start in range(0, len(self._pixels), 3)
-            if all(abs(self._pixels[start + i] - color[i]) <= tolerance for i in range(3)))
+        return sum(count for pixel, count in collections.Counter(self._pixels).items()
+                   if are_near(components(pixel), color, tolerance))
 
     def __eq__(self, other):
-        return (self.width, self.height, self._pixels) == (other.width, other.height,
-                                                           other._pixels)
-
-    @classmethod
-    def _from_ppm(cls, data):
-        magic, size, maximum, pixels = data.split(b"\n", 3)
-        if magic != b"P6" or maximum != b"255":
-            raise AssertionError("not a picture of 8 bits a component")
-        width, height = map(int, size.split())
-        return cls(width, height, pixels)
+        return ((self.width, self.height) == (other.width, other.height)
+                and self.differing_pixels(other) == 0)
 
 
-def _output(command, environment):
-    return subprocess.run(command, env=environment, check=True, stdout=subprocess.PIPE).stdout
+def components(pixel):
+    return pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF
+
+
+def are_near(one, another, tolerance):
+    return all(abs(one[i] - another[i]) <= tolerance for i in range(3))

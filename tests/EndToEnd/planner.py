@@ -6,6 +6,7 @@ import os
 import time
 
 from processes import wait_until
+from rendering import rendered
 from session import binary
 
 FOLDER = "Library/Application Support/Kelmar Planner"
@@ -72,7 +73,8 @@ class DueToday:
         process = self._session.processes.start(
             "kelmar-widgets", [binary("kelmar-widgets"), "--add", "DueToday:large"],
             self._session.environment)
-        wait_until(self._has_content, "the widget's content")
+        # The placeholder is redacted, so this comes with the first real entry.
+        wait_until(lambda: self.picture().count(ACCENT) > 0, "the widget's content")
         return process
 
     def click(self, place):
@@ -81,12 +83,25 @@ class DueToday:
         self._session.move_pointer(0, 0)
 
     def place(self):
-        window = wait_until(lambda: self._session.windows_named("Due Today"), "the widget")[0]
-        return self._session.geometry_of(window)[:2]
+        return self._session.wait_for_window("Due Today").geometry[:2]
 
     def picture(self):
-        x, y = self.place()
-        return self._session.screenshot().part(x, y, 364, 382)
+        return self._session.picture_of("Due Today", (0, 0, 364, 382))
+
+    def wait_for_color(self, color):
+        wait_until(lambda: self.shows_color(color), f"a row with the colour {color}")
+
+    def wait_for_files(self):
+        """Until it looks as the command line draws it from the planner's files."""
+        # The corners differ: on this desktop nothing blends them.
+        inside = (12, 12, 340, 358)
+        wait_until(lambda: self.picture().part(*inside).differing_pixels(
+            rendered(self._session, "DueToday", "large").part(*inside), tolerance=16) == 0,
+            "the picture that the command line draws")
+
+    def looks_like(self, picture):
+        # Rounding at the edge depends on the parts in which a window happens to be drawn.
+        return self.picture().differing_pixels(picture, tolerance=3) == 0
 
     def shows_color(self, color):
         """Whether a row has this class colour: its bar is 3 points wide and at least 24 high."""
@@ -94,7 +109,3 @@ class DueToday:
 
     def has_undo(self):
         return self.picture().part(*UNDO_AREA).count(ACCENT, tolerance=40) >= 20
-
-    def _has_content(self):
-        # The placeholder is redacted, so this comes with the first real entry.
-        return self.picture().count(ACCENT) > 0

@@ -11,6 +11,7 @@ from session import binary, make_program
 BUTTON = (36, 36)
 TOGGLE = (96, 36)
 LINK = (156, 36)
+BETWEEN_FIELDS = (62, 36)  # In all families, whose margins differ.
 BESIDE_ALL = (100, 180)
 SMALL_BESIDE_ALL = (100, 120)
 # What changes by itself, when it is shown: left, top, width and height.
@@ -27,6 +28,9 @@ ReloadOnChange=probe-content;
 class Probe:
     def __init__(self, session):
         self._session = session
+        self._requests_before_start = 0
+        self._menus = 0
+        self._color = (0, 0, 255)
         self.folder = os.path.join(session.folder, "probe")
         os.mkdir(self.folder)
         source = os.path.join(os.path.dirname(os.path.abspath(__file__)), "probe_extension.py")
@@ -38,33 +42,50 @@ class Probe:
             file.write(KEY_FILE)
 
     def start_widgets(self, *arguments):
-        """Starts the program and waits for its window, or one for each to add; returns the process."""
+        """Starts the program and waits for its widget's content, or that of each that is added;
+        returns the process."""
+        self._requests_before_start = len(self.requests("widget/timeline"))
         process = self._session.processes.start("kelmar-widgets", self.command(*arguments),
                                                 self._session.environment)
         count = max(1, arguments.count("--add"))
-        wait_until(lambda: len(self._session.windows_named("Probe")) >= count,
-                   f"the probe's windows: {count}")
+        wait_until(lambda: self._widgets_with_content() >= count,
+                   f"the content of the probe's windows: {count}")
         return process
+
+    def _widgets_with_content(self):
+        scale = float(self._session.environment.get("QT_SCALE_FACTOR", 1))
+        x, y = (round(scale * length) for length in BETWEEN_FIELDS)
+        screen = self._session.screen
+        with screen.standing_still():
+            return sum(screen.picture(window.x + x, window.y + y, 1, 1).count(self._color) > 0
+                       for window in screen.windows() if window.name == "Probe")
 
     def command(self, *arguments):
         return [binary("kelmar-widgets"), "--extension", self.key_file, *arguments]
 
     def window(self):
-        return wait_until(lambda: self._session.windows_named("Probe"), "the probe's window")[0]
+        return self._session.wait_for_window("Probe").id
+
+    def geometry(self):
+        """x, y, width and height of its window on the screen."""
+        return self._session.wait_for_window("Probe").geometry
 
     def place(self):
         """The top left corner of its window."""
-        return self._session.geometry_of(self.window())[:2]
+        return self.geometry()[:2]
 
     def open_menu(self, field=SMALL_BESIDE_ALL):
         """The context menu of its window, as it is once the extension has said what it offers."""
-        wait_until(lambda: self.requests("widget/timeline"), "the extension")
-        self.click(field, button=3)
-        self._session.settle()
+        wait_until(lambda: len(self.requests("widget/timeline")) > self._requests_before_start,
+                   "the extension")
+        # Never twice at the same place: the second click of a double click opens no menu.
+        self._menus += 1
+        self.click((field[0] + 12 * (self._menus % 2), field[1]), button=3)
+        self._session.wait_for_menu()
 
     def choose(self, *words_before):
         """Goes down the open menu past these entries, of which each can be chosen, to the next."""
-        self._session.press_keys(*["Down"] * (len(words_before) + 1), "Return")
+        self._session.choose_in_menu(*["Down"] * (len(words_before) + 1), "Return")
 
     def click(self, field, button=1):
         place = self.place()
@@ -72,6 +93,7 @@ class Probe:
 
     def set_color(self, red, green, blue):
         """Shown by the next timeline."""
+        self._color = tuple(round(255 * component) for component in (red, green, blue))
         with open(os.path.join(self.folder, "color"), "w", encoding="ascii") as file:
             file.write(f"{red} {green} {blue}")
 
@@ -88,7 +110,7 @@ class Probe:
         """The parameters of all requests of one method, in their order."""
         try:
             with open(os.path.join(self.folder, "requests"), encoding="utf-8") as file:
-                messages = [json.loads(line) for line in file]
+                messages = [json.loads(line) for line in file if line.endswith("\n")]
         except FileNotFoundError:
             return []
         return [message["params"] for message in messages if message["method"] == method]
@@ -99,8 +121,7 @@ class Probe:
 
     def part(self, area):
         """What is now seen of a part of its window."""
-        x, y = self.place()
-        return self._session.screenshot().part(x + area[0], y + area[1], *area[2:])
+        return self._session.picture_of("Probe", area)
 
     def background(self, field=BESIDE_ALL):
         """The colour now seen beside the fields."""

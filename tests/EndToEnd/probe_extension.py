@@ -1,7 +1,8 @@
 """A widget extension for tests: three coloured fields and a text, everything asked of it written
 down. In its own folder it finds and leaves these files:
 
-    color       the background's colour as "r g b" from 0 to 1, read for every timeline
+    color       the background's colour as "r g b" from 0 to 1, read for every timeline; placeholders
+                have a grey one, so that they cannot be mistaken for what can be pressed
     flipped     once the toggle has been pressed; it is off then
     live        what is shown besides, a name a line: "countdown", "bar", "slow bar"
     requests    one line for every request that has come, as JSON
@@ -37,7 +38,7 @@ class Probe:
         if method == "widget/timeline":
             return {"entries": [self._entry(parameters)], "policy": "never"}
         if method in ("widget/placeholder", "widget/snapshot"):
-            return self._entry(parameters)
+            return self._entry(parameters, is_placeholder=method == "widget/placeholder")
         if method == "intent/perform":
             if parameters["intent"]["name"] == "Flip":
                 self._write("flipped", "w", "")
@@ -45,10 +46,10 @@ class Probe:
             return {}
         raise AssertionError(method)
 
-    def _entry(self, parameters):
+    def _entry(self, parameters, is_placeholder=False):
         entry = {"date": time.time() - 1, "view": {
             "content": self._content(parameters["kind"]),
-            "background": {"rgb": self._color()}}}
+            "background": {"rgb": [0.2, 0.2, 0.2] if is_placeholder else self._color()}}}
         if parameters["environment"]["family"] == "systemSmall":
             entry["view"]["widgetUrl"] = "probe://whole"
         return entry

@@ -5,7 +5,8 @@ import signal
 import subprocess
 import time
 
-ENDING_TIME = 5.0
+# After this a test gives up, in seconds: far beyond what anything takes on a busy machine.
+GIVE_UP_TIME = 60.0
 
 
 class Processes:
@@ -35,11 +36,11 @@ class Processes:
         if process.poll() is None:
             process.send_signal(first_signal)
             try:
-                process.wait(ENDING_TIME)
+                process.wait(GIVE_UP_TIME)
             except subprocess.TimeoutExpired:
                 pass
         self._kill_group(process)
-        process.wait(ENDING_TIME)
+        process.wait(GIVE_UP_TIME)
         for stream in (process.stdin, process.stdout):
             if stream:
                 stream.close()
@@ -80,7 +81,26 @@ def context_switches(pid):
     return sum(switches_by_thread(pid).values())
 
 
-def wait_until(condition, what, seconds=15.0):
+def wait_for_sleep(pid, seconds=3):
+    """Until a process has slept for some seconds: what was going on in it is over then, such as a
+    timer that would have killed an extension."""
+    def has_slept():
+        before = context_switches(pid)
+        time.sleep(seconds)
+        return context_switches(pid) == before
+    wait_until(has_slept, f"process {pid} to come to rest")
+
+
+def kill_children_of(pid):
+    """Those that have not ended by themselves in the meantime."""
+    for child in children_of(pid):
+        try:
+            os.kill(child, signal.SIGKILL)
+        except ProcessLookupError:
+            pass
+
+
+def wait_until(condition, what, seconds=GIVE_UP_TIME):
     """Polls until the condition holds and returns what it gave; fails with `what` otherwise."""
     deadline = time.monotonic() + seconds
     while True:

@@ -8,10 +8,13 @@
 
 import json
 import sys
+import time
 
 import pyatspi
+from gi.repository import GLib
 
 PROGRAM = "kelmar-widgets"
+PATIENCE = 60.0  # seconds
 EVENTS = ("object:state-changed:checked", "object:state-changed:focused",
           "object:property-change:accessible-name", "object:property-change:accessible-value")
 
@@ -58,18 +61,33 @@ def item_named(window_name, name):
     for window in application():
         if window.name == window_name:
             for item in window:
-                if item.name == name:
+                if item and item.name == name:
                     return item
+    return None
+
+
+def do_with(window_name, name, do):
+    """Does something with an item, once. New content may take it away between its being found and
+    its being told; then there is soon another one of its name."""
+    deadline = time.monotonic() + PATIENCE
+    while time.monotonic() < deadline:
+        try:
+            item = item_named(window_name, name)
+            if item and do(item):
+                return
+        except (GLib.Error, NotImplementedError, ValueError) as gone:
+            print(gone, file=sys.stderr)
+        time.sleep(0.05)
     sys.exit(f"there is no \"{name}\" in a window \"{window_name}\"")
 
 
 def act(window_name, name, action):
-    item = item_named(window_name, name)
-    item.queryAction().doAction(actions_of(item).index(action))
+    do_with(window_name, name,
+            lambda item: item.queryAction().doAction(actions_of(item).index(action)))
 
 
 def focus(window_name, name):
-    item_named(window_name, name).queryComponent().grabFocus()
+    do_with(window_name, name, lambda item: item.queryComponent().grabFocus())
 
 
 def listen():

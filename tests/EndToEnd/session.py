@@ -1,18 +1,16 @@
 """A desktop session of its own for one test: X server, window manager, session bus, home folder
 and a planner that is registered for the widgets' links. Nothing of it outlives the test."""
 
-import ctypes
 import os
 import pwd
-import re
 import shutil
 import stat
 import subprocess
 import tempfile
 import time
 
-from picture import Picture
 from processes import Processes, wait_until
+from screen import Screen
 
 BIN_FOLDER = os.environ.get("KELMAR_BIN", "")
 SCREEN_SIZE = (1280, 800)
@@ -76,6 +74,7 @@ class Session:
         self.home = self._make_folder("home")
         self.processes = Processes(self._make_folder("logs"))
         self.environment = {}
+        self.screen = None
         self.x_server_options = []
 
     def start(self, without=()):
@@ -99,6 +98,8 @@ class Session:
         wait_until(self._has_accessibility_bus, "the accessibility bus")
 
     def end(self):
+        if self.screen:
+            self.screen.close()
         self.processes.end_all()
         shutil.rmtree(self.folder, ignore_errors=True)
 
@@ -170,13 +171,6 @@ class Session:
     def press_keys(self, *keys):
         self._xdotool("key", *keys)
 
-    def screenshot(self):
-        return Picture.of_screen(self.environment)
-
-    def save_screenshot(self, path):
-        subprocess.run(["import", "-silent", "-window", "root", path], env=self.environment,
-                       check=True)
-
     def property_of(self, window, name):
         return subprocess.run(["xprop", "-id", str(window), name], env=self.environment,
                               check=True, stdout=subprocess.PIPE, text=True).stdout
@@ -195,16 +189,24 @@ class Session:
         wait_until(lambda: self.active_window() == window, "the plain window to have the keyboard")
         return process
 
+    def wait_for_menu(self):
+        """Until a menu is open and has all keys sent to it."""
+        wait_until(lambda: self.screen.is_keyboard_taken()
+                   and any(window.is_popup and window.program == "kelmar-widgets"
+                           for window in self.screen.windows()), "a menu")
+
+    def choose_in_menu(self, *keys):
+        """Presses keys of which the last one closes the open menu."""
+        self.press_keys(*keys)
+        wait_until(lambda: not self.screen.is_keyboard_taken(), "the menu to close")
+
     def press_keys_on(self, window, *keys):
         """Gives a window the keyboard, which it does not ask for, and presses keys there."""
         self._xdotool("windowfocus", "--sync", window, "key", *keys)
 
     def active_window(self):
         """The window that has the keyboard, as its window manager says, or None."""
-        answer = subprocess.run(["xprop", "-root", "_NET_ACTIVE_WINDOW"], env=self.environment,
-                                check=True, stdout=subprocess.PIPE, text=True).stdout
-        number = re.search(r"# (0x[0-9a-f]+)", answer)
-        return int(number[1], 16) or None if number else None
+        return self.screen.number_on_root("_NET_ACTIVE_WINDOW") or None
 
     def keyboard_owner(self):
         """The window that really has the keyboard, whatever its window manager thinks."""
@@ -214,13 +216,7 @@ class Session:
 
     def has_selection_owner(self, name):
         """Whether some program holds a selection, as system trays and compositors do."""
-        xlib = ctypes.CDLL("libX11.so.6")
-        xlib.XOpenDisplay.restype = ctypes.c_void_p
-        display = ctypes.c_void_p(xlib.XOpenDisplay(self.environment["DISPLAY"].encode()))
-        selection = ctypes.c_ulong(xlib.XInternAtom(display, name.encode(), 0))
-        owner = xlib.XGetSelectionOwner(display, selection)
-        xlib.XCloseDisplay(display)
-        return owner != 0
+        return self.screen.selection_owner(name) is not None
 
     def settle(self):
         """Lets everything that was sent arrive: what must NOT happen can only be waited for."""
@@ -228,25 +224,38 @@ class Session:
 
     def windows_named(self, name):
         """The visible windows of a name."""
-        return self._visible_windows("--name", name)
+        return [window.id for window in self.screen.windows() if window.name == name]
 
     def windows_of_class(self, name):
         """The visible windows of a program."""
-        return self._visible_windows("--class", name)
-
-    def _visible_windows(self, criterion, pattern):
-        search = subprocess.run(["xdotool", "search", "--onlyvisible", criterion, f"^{pattern}$"],
-                                env=self.environment, stdout=subprocess.PIPE,
-                                stderr=subprocess.DEVNULL, text=True, check=False)
-        return [int(line) for line in search.stdout.split()]
+        return [window.id for window in self.screen.windows() if window.program == name]
 
     def geometry_of(self, window):
         """x, y, width and height of a window on the screen."""
-        answer = subprocess.run(["xdotool", "getwindowgeometry", "--shell", str(window)],
-                                env=self.environment, check=True, stdout=subprocess.PIPE,
-                                text=True).stdout
-        values = dict(line.split("=", 1) for line in answer.splitlines())
-        return tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
+        for found in self.screen.windows():
+            if found.id == window:
+                return found.geometry
+        raise AssertionError(f"window {window} is not to be seen")
+
+    def geometries_of(self, name):
+        """x, y, width and height of all visible windows of a name, in their order."""
+        return sorted(window.geometry for window in self.screen.windows() if window.name == name)
+
+    def wait_for_window(self, name):
+        """The window of a name, as it then is."""
+        return wait_until(lambda: self._first_window_named(name), f'the window "{name}"')
+
+    def picture_of(self, name, area):
+        """A part of a window, both as they are at the same instant: left, top, width, height."""
+        def look():
+            with self.screen.standing_still():
+                window = self._first_window_named(name)
+                return window and self.screen.picture(window.x + area[0], window.y + area[1],
+                                                      *area[2:])
+        return wait_until(look, f'the window "{name}"')
+
+    def _first_window_named(self, name):
+        return next((window for window in self.screen.windows() if window.name == name), None)
 
     def set_monitors(self, **monitors):
         """Divides the X screen into monitors, each given as (width, height, x, y); the first one
@@ -319,6 +328,7 @@ class Session:
         if not number:
             raise AssertionError("the X server did not start: " + self.processes.log_of("xvfb"))
         self.environment["DISPLAY"] = ":" + number
+        self.screen = Screen(":" + number)
 
     def make_startable(self, service):
         """Lets the bus start a program, as its service file says."""
@@ -343,10 +353,7 @@ class Session:
             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
 
     def _has_window_manager(self):
-        answer = subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"],
-                                env=self.environment, check=False, stdout=subprocess.PIPE,
-                                text=True).stdout
-        return "window id" in answer
+        return self.screen.number_on_root("_NET_SUPPORTING_WM_CHECK")
 
     def _xdotool(self, *words):
         subprocess.run(["xdotool", *map(str, words)], env=self.environment, check=True)

@@ -9,6 +9,8 @@ SIZE = (364, 170)
 FIRST_BUTTON = (292, 30)
 SECOND_BUTTON = (292, 64)
 THIRD_BUTTON = (292, 98)
+# Between the clock and the buttons: nothing to press but the widget itself.
+BESIDE_BUTTONS = (100, 140)
 # Left, top, width and height.
 BUTTONS = (236, 16, 112, 96)
 CLOCK = (16, 32, 200, 40)
@@ -20,6 +22,7 @@ class StudyTimer:
     def __init__(self, session, title="Study Timer"):
         self._session = session
         self._title = title
+        self._menus = 0
 
     def start(self, *arguments):
         process = self._session.processes.start(
@@ -30,8 +33,7 @@ class StudyTimer:
         return process
 
     def place(self):
-        window = wait_until(lambda: self._session.windows_named(self._title), "the widget")[0]
-        return self._session.geometry_of(window)[:2]
+        return self._session.wait_for_window(self._title).geometry[:2]
 
     def click(self, place, button=1):
         x, y = self.place()
@@ -39,8 +41,14 @@ class StudyTimer:
         if button == 1:
             self._session.move_pointer(0, 0)
 
+    def open_menu(self):
+        # Never twice at the same place: the second click of a double click opens no menu.
+        self._menus += 1
+        self.click((BESIDE_BUTTONS[0] + 12 * (self._menus % 2), BESIDE_BUTTONS[1]), button=3)
+        self._session.wait_for_menu()
+
     def picture(self):
-        return self._session.screenshot().part(*self.place(), *SIZE)
+        return self._session.picture_of(self._title, (0, 0, *SIZE))
 
     def shows_files(self, area, now=None):
         """Whether a part of it looks as the command line draws it from the planner's files."""

@@ -25,14 +25,20 @@ class ReaderTest(unittest.TestCase):
         self.session.start_accessibility_bus()
 
     def read(self, *words):
-        return subprocess.run([*READER, *words], env=self.session.environment, check=True,
-                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True).stdout
+        result = subprocess.run([*READER, *words], env=self.session.environment, check=False,
+                                capture_output=True, text=True)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        return result.stdout
 
     def windows(self):
-        try:
-            return {window["name"]: window for window in json.loads(self.read("tree"))}
-        except subprocess.CalledProcessError:
-            return {}  # Not on the bus yet, or another content came while it was read.
+        """All that can be read, in one piece."""
+        def tree():
+            result = subprocess.run([*READER, "tree"], env=self.session.environment, check=False,
+                                    capture_output=True, text=True)
+            # Not on the bus yet, or another content came while it was read.
+            return result.stdout if result.returncode == 0 else None
+        return {window["name"]: window
+                for window in json.loads(wait_until(tree, "the program on the bus"))}
 
     def items(self, widget):
         return self.windows().get(widget, {}).get("children", [])

@@ -6,7 +6,7 @@ import unittest
 
 import session
 from planner import DueToday
-from processes import wait_until
+from processes import GIVE_UP_TIME, wait_until
 from session import Session, binary
 
 NAME = "com.kelmarplanner.Widgets"
@@ -23,12 +23,13 @@ class ActivationTest(unittest.TestCase):
 
     def put_a_widget_on_the_desktop(self):
         self.session.processes.end(DueToday(self.session).start())
-        self.assertEqual(self.session.windows_named("Due Today"), [])
+        wait_until(lambda: not self.session.windows_named("Due Today"), "the widget to go")
 
     def ask_for_a_reload(self):
         return subprocess.run(
-            ["gdbus", "call", "--session", "--dest", NAME, "--object-path",
-             "/com/kelmarplanner/Widgets", "--method", NAME + ".ReloadAllTimelines"],
+            ["gdbus", "call", "--session", "--timeout", f"{GIVE_UP_TIME:.0f}", "--dest", NAME,
+             "--object-path", "/com/kelmarplanner/Widgets",
+             "--method", NAME + ".ReloadAllTimelines"],
             env=self.session.environment, check=False, capture_output=True, text=True)
 
     def test_message_brings_the_widgets_back_to_those_who_have_some(self):
@@ -47,7 +48,7 @@ class ActivationTest(unittest.TestCase):
         self.put_a_widget_on_the_desktop()
         self.assertEqual(self.ask_for_a_reload().returncode, 0)
         second = subprocess.run([binary("kelmar-widgets"), "--if-arranged"],
-                                env=self.session.environment, check=False, timeout=60,
+                                env=self.session.environment, check=False, timeout=GIVE_UP_TIME,
                                 capture_output=True, text=True)
         self.assertEqual((second.returncode, second.stdout, second.stderr), (0, "", ""))
 

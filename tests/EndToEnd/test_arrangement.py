@@ -6,9 +6,10 @@ import os
 import unittest
 
 from probe import SMALL_BESIDE_ALL, Probe
-from processes import wait_until
+from processes import GIVE_UP_TIME, wait_until
 from session import SCREEN_SIZE, Session
 
+BLUE = (0, 0, 255)
 ARRANGEMENT = ".config/kelmar-widgets/arrangement.json"
 FIRST_PLACE = (SCREEN_SIZE[0] - 16 - 364, 16)
 
@@ -24,7 +25,7 @@ BEFORE_LOCK_WHEN_LOCKED = ("Add widgets…",)
 FAR_RIGHT = (340, 120)
 
 # The middle of the small tile, from the corner of the gallery's inside: the first one.
-SMALL_TILE = (32 + 85, 250)
+SMALL_TILE = (33 + 85, 270)
 
 
 class ArrangementTest(unittest.TestCase):
@@ -36,7 +37,7 @@ class ArrangementTest(unittest.TestCase):
 
     def widgets(self):
         """x, y, width and height of every widget."""
-        return sorted(map(self.session.geometry_of, self.session.windows_named("Probe")))
+        return self.session.geometries_of("Probe")
 
     def wait_for_widgets(self, *geometries):
         wait_until(lambda: self.widgets() == sorted(geometries),
@@ -48,10 +49,12 @@ class ArrangementTest(unittest.TestCase):
         return self.gallery()
 
     def gallery(self):
-        window = wait_until(lambda: self.session.windows_named("Add widgets"), "the gallery")[0]
-        wait_until(lambda: len([request for request in self.probe.requests("widget/snapshot")
-                                if request["isPreview"]]) >= 3, "the previews")
-        self.session.settle()
+        """The gallery when it has the keyboard and shows its previews."""
+        window = self.session.wait_for_window("Add widgets").id
+        wait_until(lambda: self.session.picture_of("Add widgets", (*SMALL_TILE, 1, 1))
+                   .pixel(0, 0) == BLUE, "the small preview")
+        wait_until(lambda: self.session.active_window() == window,
+                   "the gallery to have the keyboard")
         return window
 
     def tile(self, gallery):
@@ -59,9 +62,12 @@ class ArrangementTest(unittest.TestCase):
         return x + SMALL_TILE[0], y + SMALL_TILE[1]
 
     def remove(self, field=SMALL_BESIDE_ALL):
+        before = len(self.widgets())
         self.probe.open_menu(field)
         self.probe.choose(*BEFORE_REMOVE)
-        return wait_until(lambda: self.session.windows_named("Probe removed"), "the undo bar")[0]
+        bar = self.session.wait_for_window("Probe removed").id
+        wait_until(lambda: len(self.widgets()) == before - 1, "the widget to go")
+        return bar
 
     def kept(self):
         try:
@@ -121,8 +127,6 @@ class GalleryTest(ArrangementTest):
         self.session.open_plain_window(100, 100, 900, 600)
         self.open_gallery()
         self.assertEqual(self.session.windows_named("Add widgets"), [gallery])
-        wait_until(lambda: self.session.active_window() == gallery,
-                   "the gallery to be in front")
 
 
 class RemovalTest(ArrangementTest):
@@ -135,7 +139,7 @@ class RemovalTest(ArrangementTest):
                          (FIRST_PLACE[0] + 182, FIRST_PLACE[1] + 191))
         self.session.click(x + width - 30, y + height // 2)
         self.wait_for_widgets((*FIRST_PLACE, 364, 382))
-        self.assertEqual(self.session.windows_named("Probe removed"), [])
+        wait_until(lambda: not self.session.windows_named("Probe removed"), "the bar's end")
         self.end(process)
         self.probe.start_widgets()
         self.wait_for_widgets((*FIRST_PLACE, 364, 382))
@@ -181,7 +185,7 @@ class RemovalTest(ArrangementTest):
         bar = self.remove()
         self.assertIsNone(process.poll())
         self.session.move_pointer(0, 0)
-        self.assertEqual(process.wait(20), 0)
+        self.assertEqual(process.wait(GIVE_UP_TIME), 0)
         self.assertEqual(self.kept()["widgets"], [])
         self.session.processes.start("kelmar-widgets", self.probe.command(),
                                      self.session.environment)
@@ -200,8 +204,8 @@ class RemovalTest(ArrangementTest):
         self.session.press_keys_on(bar, "Escape")
         self.session.settle()
         self.assertIsNone(process.poll())
-        self.session.press_keys_on(self.gallery(), "Escape")
-        self.assertEqual(process.wait(20), 0)
+        self.session.press_keys_on(self.session.wait_for_window("Add widgets").id, "Escape")
+        self.assertEqual(process.wait(GIVE_UP_TIME), 0)
 
 
 class LockTest(ArrangementTest):
@@ -213,7 +217,6 @@ class LockTest(ArrangementTest):
     def drag_widget(self):
         x, y = self.probe.place()
         self.session.drag((x + 100, y + 200), (x - 200, y + 300))
-        self.session.settle()
 
     def test_locked_widget_can_neither_be_dragged_nor_removed_nor_resized(self):
         process = self.probe.start_widgets()
@@ -221,8 +224,9 @@ class LockTest(ArrangementTest):
         place = (*FIRST_PLACE, 364, 382)
         for _ in range(2):
             self.drag_widget()
+            self.session.settle()
             self.probe.open_menu()
-            self.session.press_keys("Down", "Return")  # the first that can be chosen
+            self.probe.choose()  # the first that can be chosen
             self.gallery()
             self.assertEqual(self.widgets(), [place])
             self.end(process)

@@ -6,7 +6,7 @@ import unittest
 
 from picture import Picture
 from probe import BUTTON, LINK, Probe
-from processes import wait_until
+from processes import GIVE_UP_TIME, wait_until
 from session import Session, binary, make_program
 
 NO_BUS = "There is no session bus: "
@@ -121,7 +121,7 @@ class BareSessionTest(unittest.TestCase):
         del self.session.environment["DISPLAY"]
         self.process = self.session.processes.start(
             "kelmar-widgets", [launcher, binary("kelmar-widgets")], self.session.environment)
-        self.assertEqual(self.process.wait(30), 1)
+        self.assertEqual(self.process.wait(GIVE_UP_TIME), 1)
         self.assertEqual(self.session.processes.log_of("kelmar-widgets"),
                          "<3>There is no X display to put widgets on.\n")
 

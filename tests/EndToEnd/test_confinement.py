@@ -11,6 +11,7 @@ import unittest
 import zoneinfo
 
 from planner import PlannerFolder, item, snapshot, tick_name
+from processes import GIVE_UP_TIME
 from session import Session, binary
 
 EX_SOFTWARE, EX_TEMPFAIL = 70, 75
@@ -73,7 +74,7 @@ class Extension:
     def end(self):
         if not self._process.stdin.closed:
             self._process.stdin.close()
-        status = self._process.wait(30)
+        status = self._process.wait(GIVE_UP_TIME)
         self._process.stdout.close()
         self._errors.close()
         return status

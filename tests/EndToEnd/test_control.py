@@ -4,13 +4,11 @@ import time
 import unittest
 
 from bus_tray import BusTray
-from processes import children_of, context_switches, wait_until
+from processes import (GIVE_UP_TIME, children_of, context_switches, wait_for_sleep,
+                       wait_until)
 from session import Session
 from stand_in import StandIn
 from study_timer import BUTTONS, FIRST_BUTTON, StudyTimer
-
-# Between the clock and the buttons: nothing to press but the widget itself.
-BESIDE_BUTTONS = (100, 140)
 
 
 class ControlTest(unittest.TestCase):
@@ -33,9 +31,8 @@ class ControlTest(unittest.TestCase):
 class WidgetMenuTest(ControlTest):
     def flip(self):
         """Presses the first entry of the widget's own menu."""
-        self.widget.click(BESIDE_BUTTONS, button=3)
-        self.session.settle()
-        self.session.press_keys("Down", "Return")
+        self.widget.open_menu()
+        self.session.choose_in_menu("Down", "Return")
 
     def test_toggle_starts_and_pauses_the_timer(self):
         self.start_widgets()
@@ -50,17 +47,15 @@ class WidgetMenuTest(ControlTest):
 
     def test_older_system_has_no_toggle_there(self):
         self.start_widgets("--system-version", "25.9.9")
-        self.widget.click(BESIDE_BUTTONS, button=3)
-        self.session.settle()
+        self.flip()
         # The first entry is the small size now.
-        self.session.press_keys("Down", "Return")
-        wait_until(lambda: [self.session.geometry_of(window)[2:] for window
-                            in self.session.windows_named("Study Timer")] == [(170, 170)],
-                   "the small widget")
+        wait_until(lambda: [geometry[2:] for geometry in self.session.geometries_of("Study Timer")]
+                   == [(170, 170)], "the small widget")
         self.assertEqual(self.planner.timer()["state"], "ready")
 
     def test_missing_tray_is_said_once(self):
         self.start_widgets()
+        wait_until(lambda: self.log_lines("tray"), "a line in the log")
         self.session.settle()
         self.assertEqual(len(self.log_lines("tray")), 1)
 
@@ -116,7 +111,7 @@ class BusTrayTest(ControlTest):
     def test_last_entry_ends_the_program(self):
         self.start_both()
         self.tray.press(self.tray.open()[-1])
-        self.assertEqual(self.process.wait(20), 0)
+        self.assertEqual(self.process.wait(GIVE_UP_TIME), 0)
 
     def test_older_system_has_no_toggle_there(self):
         self.start_both("--system-version", "25.9.9")
@@ -145,9 +140,8 @@ class BusTrayTest(ControlTest):
     def test_icon_in_the_tray_wakes_nobody(self):
         self.start_both()
         self.wait_for_toggle("Study Timer: Start")
-        wait_until(lambda: not children_of(self.process.pid), "the extension to go", 20)
-        # What the extension's end leaves behind, such as a timer that would have killed it, passes.
-        time.sleep(3)
+        wait_until(lambda: not children_of(self.process.pid), "the extension to go")
+        wait_for_sleep(self.process.pid)
         before = context_switches(self.process.pid)
         time.sleep(3)
         self.assertEqual(context_switches(self.process.pid), before)
@@ -165,16 +159,16 @@ class WindowTrayTest(ControlTest):
     def icon(self):
         """The middle of the icon, once it is in the tray."""
         def place():
-            places = [self.session.geometry_of(window)
-                      for window in self.session.windows_of_class("kelmar-widgets")]
-            return [(x + width // 2, y + height // 2)
-                    for x, y, width, height in places if width < 48 and height < 48]
+            return [(window.x + window.width // 2, window.y + window.height // 2)
+                    for window in self.session.screen.windows()
+                    if window.program == "kelmar-widgets"
+                    and window.width < 48 and window.height < 48]
         return wait_until(place, "an icon in the tray")[0]
 
     def flip(self, button):
         self.session.click(*self.icon(), button)
-        self.session.settle()
-        self.session.press_keys("Down", "Return")
+        self.session.wait_for_menu()
+        self.session.choose_in_menu("Down", "Return")
 
     def check_toggle(self):
         self.flip(3)

@@ -1,14 +1,12 @@
 """Due Today from the planner's file to the desktop and back, with a planner that only records."""
 
 import os
-import signal
 import time
 import unittest
 
 import planner
 from planner import FIRST_TICK, FIRST_TITLE, UNDO, DueToday, PlannerFolder, item, snapshot
-from processes import children_of, wait_until
-from rendering import rendered
+from processes import kill_children_of, wait_until
 from session import Session
 
 MAGENTA = (255, 0, 255)
@@ -41,8 +39,8 @@ class TickTest(DueTodayTest):
         super().setUp()
         self.folder.publish(snapshot(today=[essay(), worksheet()]))
         self.widget.start()
-        self.assertTrue(self.widget.shows_color(MAGENTA))
-        self.assertTrue(self.widget.shows_color(CYAN))
+        self.widget.wait_for_color(MAGENTA)
+        self.widget.wait_for_color(CYAN)
         self.assertFalse(self.widget.has_undo())
 
     def press_first_tick(self):
@@ -52,8 +50,8 @@ class TickTest(DueTodayTest):
     def test_pressed_tick_is_written_told_to_the_planner_and_shown_for_ten_seconds(self):
         pressed = time.time()
         self.press_first_tick()
+        self.widget.wait_for_color(CYAN)
         self.assertFalse(self.widget.shows_color(MAGENTA))
-        self.assertTrue(self.widget.shows_color(CYAN))
 
         self.assertEqual(self.folder.ticks(), [planner.tick_name(ESSAY)])
         note = self.folder.note(planner.tick_name(ESSAY))
@@ -64,14 +62,14 @@ class TickTest(DueTodayTest):
         wait_until(lambda: self.session.opened_urls() == ["kelmarplanner://ticked"],
                    "the planner to be told")
 
-        wait_until(lambda: not self.widget.has_undo(), "the undo bar to go", 20)
+        wait_until(lambda: not self.widget.has_undo(), "the undo bar to go")
         self.assertGreaterEqual(time.time() - ticked, 10)
         self.assertFalse(self.widget.shows_color(MAGENTA))
 
     def test_undo_brings_the_item_back(self):
         self.press_first_tick()
         self.widget.click(UNDO)
-        wait_until(lambda: self.widget.shows_color(MAGENTA), "the item to come back")
+        self.widget.wait_for_color(MAGENTA)
         self.assertFalse(self.widget.has_undo())
         self.assertEqual(self.folder.ticks(), [])
         wait_until(lambda: self.session.opened_urls() == [
@@ -100,68 +98,53 @@ class SnapshotTest(DueTodayTest):
         self.folder.publish(snapshot(today=[essay()]))
         self.widget.start()
         self.folder.publish(snapshot(today=[item("new", "New work", "#00FF00")]))
-        wait_until(lambda: self.widget.shows_color(LIME), "the new work")
+        self.widget.wait_for_color(LIME)
         self.assertFalse(self.widget.shows_color(MAGENTA))
 
     def test_snapshot_that_appears_later_is_shown(self):
         self.widget.start()
         self.folder.publish(snapshot(today=[essay()]))
-        wait_until(lambda: self.widget.shows_color(MAGENTA), "the assignment")
+        self.widget.wait_for_color(MAGENTA)
 
     def test_killed_extension_comes_back_for_the_next_change(self):
         self.folder.publish(snapshot(today=[essay()]))
         host = self.widget.start()
         self.folder.publish(snapshot(today=[worksheet()]))
-        for child in children_of(host.pid):
-            os.kill(child, signal.SIGKILL)
-        wait_until(lambda: self.widget.shows_color(CYAN), "the new content")
+        kill_children_of(host.pid)
+        self.widget.wait_for_color(CYAN)
         self.folder.publish(snapshot(today=[essay()]))
-        wait_until(lambda: self.widget.shows_color(MAGENTA), "the content after that")
+        self.widget.wait_for_color(MAGENTA)
 
 
 class SentenceTest(DueTodayTest):
     """What stands in the widget where there is nothing to list."""
 
-    def assert_shown_as_rendered(self):
-        """The desktop's picture is the one that the command line draws of the same files."""
-        def looks_alike():
-            return self.widget.picture().part(*inside).differing_pixels(
-                rendered(self.session, "DueToday", "large").part(*inside), tolerance=16) == 0
-
-        # The corners differ: on this desktop nothing blends them.
-        inside = (12, 12, 340, 358)
-        wait_until(looks_alike, "the picture that the command line draws")
-
-    def is_shown(self, picture):
-        # Rounding at the edge depends on the parts in which a window happens to be drawn.
-        return self.widget.picture().differing_pixels(picture, tolerance=3) == 0
-
     def test_signed_out_missing_and_unreadable_snapshots_show_the_same_sentence(self):
         self.folder.publish(snapshot(today=[essay()], signed_in=False))
         self.widget.start()
-        self.assert_shown_as_rendered()
+        self.widget.wait_for_files()
         signed_out = self.widget.picture()
         self.assertFalse(self.widget.shows_color(MAGENTA))
 
         self.folder.publish(snapshot(today=[essay()]))
-        wait_until(lambda: self.widget.shows_color(MAGENTA), "the assignment")
+        self.widget.wait_for_color(MAGENTA)
         os.remove(self.session.path_in_home(planner.SNAPSHOT))
-        wait_until(lambda: self.is_shown(signed_out), "the sentence without a file")
+        wait_until(lambda: self.widget.looks_like(signed_out), "the sentence without a file")
 
         self.folder.publish(snapshot(today=[essay()]))
-        wait_until(lambda: self.widget.shows_color(MAGENTA), "the assignment")
+        self.widget.wait_for_color(MAGENTA)
         self.folder.publish_text('{"signedIn": true}')
-        wait_until(lambda: self.is_shown(signed_out), "the sentence for a bad file")
+        wait_until(lambda: self.widget.looks_like(signed_out), "the sentence for a bad file")
 
     def test_list_looks_as_the_command_line_draws_it(self):
         self.folder.publish(snapshot(today=[essay(), worksheet()]))
         self.widget.start()
-        self.assert_shown_as_rendered()
+        self.widget.wait_for_files()
 
     def test_empty_day_looks_as_the_command_line_draws_it(self):
         self.folder.publish(snapshot())
         self.widget.start()
-        self.assert_shown_as_rendered()
+        self.widget.wait_for_files()
 
 
 if __name__ == "__main__":

@@ -36,6 +36,7 @@ class PlannerTest(unittest.TestCase):
         self.assertEqual(self.tick_files(), [tick_name(self.first, "done-")])
 
     def test_planner_takes_a_tick_back_after_undo(self):
+        self.widget.wait_for_files()
         before = self.widget.picture()
         self.widget.click(FIRST_TICK)
         wait_until(lambda: self.first not in self.due(), "the planner to take the tick over")
@@ -43,7 +44,7 @@ class PlannerTest(unittest.TestCase):
         self.widget.click(UNDO)
         wait_until(lambda: self.first in self.due(), "the planner to take the tick back")
         wait_until(lambda: not self.tick_files(), "the tick's files to go")
-        wait_until(lambda: self.widget.picture() == before, "the item to be back at its place")
+        wait_until(lambda: self.widget.looks_like(before), "the item to be back at its place")
 
     def test_press_on_a_row_shows_the_assignment_in_the_planner(self):
         self.widget.click(FIRST_TITLE)

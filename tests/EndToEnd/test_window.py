@@ -9,7 +9,7 @@ import unittest
 
 from picture import Picture
 from probe import BAR, BESIDE_ALL, BUTTON, COUNTDOWN, LINK, SMALL_BESIDE_ALL, TOGGLE, Probe
-from processes import children_of, context_switches, wait_until
+from processes import GIVE_UP_TIME, children_of, context_switches, wait_for_sleep, wait_until
 from session import PLAIN_COLOR, SCREEN_SIZE, WALLPAPER, Session
 
 BLUE = (0, 0, 255)
@@ -29,14 +29,21 @@ class WindowTest(unittest.TestCase):
     def wait_for_background(self, color, place=BESIDE_ALL):
         wait_until(lambda: self.probe.background(place) == color, f"the background {color}")
 
+    def assert_sleeps(self, process):
+        wait_until(lambda: not children_of(process.pid), "the extension to go")
+        wait_for_sleep(process.pid)
+        before = context_switches(process.pid)
+        time.sleep(3)
+        self.assertEqual(context_switches(process.pid), before)
+
 
 class OnTheDesktopTest(WindowTest):
     def test_window_tells_the_window_manager_to_stay_out_of_the_way(self):
         self.probe.start_widgets()
         window = self.probe.window()
-        states = self.session.property_of(window, "_NET_WM_STATE")
         for state in ("BELOW", "SKIP_TASKBAR", "SKIP_PAGER"):
-            self.assertIn("_NET_WM_STATE_" + state, states)
+            wait_until(lambda state=state: "_NET_WM_STATE_" + state
+                       in self.session.property_of(window, "_NET_WM_STATE"), "the state " + state)
         self.assertIn("4294967295", self.session.property_of(window, "_NET_WM_DESKTOP"))
         self.assertIn("Client accepts input or input focus: False",
                       self.session.property_of(window, "WM_HINTS"))
@@ -46,9 +53,9 @@ class OnTheDesktopTest(WindowTest):
     def test_window_has_its_states_again_after_its_size_was_changed(self):
         self.probe.start_widgets()
         before = self.session.property_of(self.probe.window(), "_NET_WM_STATE")
-        self.open_menu()
-        self.session.press_keys("Down", "Return")
-        wait_until(lambda: self.size() == (170, 170), "the small widget")
+        self.probe.open_menu(BESIDE_ALL)
+        self.probe.choose()
+        wait_until(lambda: self.probe.geometry()[2:] == (170, 170), "the small widget")
         self.assertEqual(self.session.property_of(self.probe.window(), "_NET_WM_STATE"), before)
 
     def test_window_stays_below_another_that_covers_it(self):
@@ -78,21 +85,14 @@ class OnTheDesktopTest(WindowTest):
         self.assertIsNone(process.poll())
         self.assertEqual(len(self.session.windows_named("Probe")), 1)
 
-    def size(self):
-        return self.session.geometry_of(self.probe.window())[2:]
-
-    def open_menu(self):
-        self.probe.click(BESIDE_ALL, button=3)
-        self.session.settle()
-
 
 class CornerTest(WindowTest):
     def corners(self):
         """The four corners inside the margins, which are rounded with a radius of 22."""
-        x, y, width, height = self.session.geometry_of(self.probe.window())
-        screen = self.session.screenshot()
-        return [screen.part(left, top, 16, 16) for left in (x, x + width - 16)
-                for top in (y, y + height - 16)]
+        width, height = 364, 382
+        whole = self.probe.part((0, 0, width, height))
+        return [whole.part(left, top, 16, 16) for left in (0, width - 16)
+                for top in (0, height - 16)]
 
     def blended_pixels(self):
         """How many pixels are neither the wallpaper nor the widget, whose edge is a bit darker."""
@@ -201,14 +201,14 @@ class PlaceTest(WindowTest):
 
     def test_first_start_shows_one_widget_of_every_kind(self):
         self.probe.start_widgets()
-        self.assertEqual(self.session.geometry_of(self.probe.window()),
-                         (SCREEN_SIZE[0] - 16 - 364, 16, 364, 382))
+        self.assertEqual(self.probe.geometry(), (SCREEN_SIZE[0] - 16 - 364, 16, 364, 382))
 
     def test_dragged_widget_lands_on_the_grid(self):
         self.probe.start_widgets()
-        x, y = self.probe.place()
         self.drag_by(-301, 99)
-        wait_until(lambda: self.probe.place() != (x, y), "the widget to move")
+        wait_until(lambda: self.probe.place() == (600, 112), "the widget to lie on the grid")
+        # And there it stays.
+        self.session.settle()
         self.assertEqual(self.probe.place(), (600, 112))
 
     def test_drag_that_begins_on_a_button_does_not_press_it(self):
@@ -233,7 +233,7 @@ class PlaceTest(WindowTest):
         process = self.probe.start_widgets()
         self.drag_by(-420, 200)
         wait_until(lambda: self.probe.place() == (480, 216), "the widget to move")
-        self.session.settle()
+        wait_until(lambda: "480" in self.kept_arrangement(), "the place to be kept")
         self.session.processes.end(process, signal.SIGKILL)
         self.probe.start_widgets()
         self.assertEqual(self.probe.place(), (480, 216))
@@ -246,12 +246,11 @@ class PlaceTest(WindowTest):
 
     def test_several_widgets_are_all_found_again(self):
         process = self.probe.start_widgets("--add", "Probe:small", "--add", "Probe:medium")
-        two = sorted(map(self.session.geometry_of, self.session.windows_named("Probe")))
+        two = self.session.geometries_of("Probe")
         self.assertEqual(len(two), 2)
         self.restart(process)
         wait_until(lambda: len(self.session.windows_named("Probe")) == 2, "both windows")
-        self.assertEqual(
-            sorted(map(self.session.geometry_of, self.session.windows_named("Probe"))), two)
+        self.assertEqual(self.session.geometries_of("Probe"), two)
 
     def test_damaged_arrangement_is_set_aside_and_said(self):
         self.session.write_in_home(ARRANGEMENT, '{"version": 1, "widg')
@@ -315,7 +314,7 @@ class ExtensionTest(WindowTest):
     def test_idle_extension_is_sent_away_and_called_again(self):
         process = self.probe.start_widgets()
         self.wait_for_background(BLUE)
-        wait_until(lambda: not children_of(process.pid), "the extension to go", 20)
+        wait_until(lambda: not children_of(process.pid), "the extension to go")
         self.probe.set_color(1, 0.5, 0)
         self.probe.tell_of_change()
         self.wait_for_background(ORANGE)
@@ -327,46 +326,38 @@ class LiveTest(WindowTest):
         self.process = self.probe.start_widgets()
         self.wait_for_background(BLUE)
 
-    def is_moving(self, area, seconds):
-        before = self.probe.part(area)
-        time.sleep(seconds)
-        return self.probe.part(area) != before
+    def wait_for_movement(self, area):
+        # Twice, since the first change may be that of the widget's new content.
+        for _ in range(2):
+            before = self.probe.part(area)
+            wait_until(lambda before=before: self.probe.part(area) != before, f"{area} to move")
 
     def test_countdown_and_bar_move_by_themselves(self):
         self.start("countdown", "bar")
-        self.assertTrue(self.is_moving(COUNTDOWN, 1.2))
-        # It empties by more than five pixels a second.
-        self.assertTrue(self.is_moving(BAR, 1.2))
+        self.wait_for_movement(COUNTDOWN)
+        self.wait_for_movement(BAR)
 
     def test_bar_that_moves_by_no_pixel_wakes_nobody(self):
         # 332 pixels a day: one in more than four minutes.
         self.start("slow bar")
-        wait_until(lambda: not children_of(self.process.pid), "the extension to go", 20)
-        # What the extension's end leaves behind, such as a timer that would have killed it, passes.
-        time.sleep(3)
-        before = context_switches(self.process.pid)
-        time.sleep(3)
-        self.assertEqual(context_switches(self.process.pid), before)
+        self.assert_sleeps(self.process)
 
     def test_nothing_is_redrawn_while_the_widget_is_covered(self):
         self.start("countdown", "bar")
-        wait_until(lambda: not children_of(self.process.pid), "the extension to go", 20)
-        x, y, width, height = self.session.geometry_of(self.probe.window())
+        wait_until(lambda: not children_of(self.process.pid), "the extension to go")
+        x, y, width, height = self.probe.geometry()
         cover = self.session.open_plain_window(x - 12, y - 12, width + 24, height + 24)
-        time.sleep(3)
-        before = context_switches(self.process.pid)
-        time.sleep(3)
-        self.assertEqual(context_switches(self.process.pid), before)
+        self.assert_sleeps(self.process)
         self.session.processes.end(cover)
         self.wait_for_background(BLUE)
-        self.assertTrue(self.is_moving(COUNTDOWN, 1.2))
+        self.wait_for_movement(COUNTDOWN)
 
 
 class ScaleTest(WindowTest):
     def check_scale(self, factor):
         self.session.environment["QT_SCALE_FACTOR"] = str(factor)
         self.probe.start_widgets()
-        self.assertEqual(self.session.geometry_of(self.probe.window())[2:],
+        self.assertEqual(self.probe.geometry()[2:],
                          (364 * factor, round(382 * factor)))
         beside = tuple(round(length * factor) for length in BESIDE_ALL)
         self.wait_for_background(BLUE, beside)
@@ -440,26 +431,21 @@ class SurroundingsTest(WindowTest):
         self.probe.key_file += ".none"
         process = self.session.processes.start(
             "kelmar-widgets", self.probe.command(), self.session.environment)
-        self.assertEqual(process.wait(20), 1)
+        self.assertEqual(process.wait(GIVE_UP_TIME), 1)
         self.assertIn("probe.extension.none", self.session.processes.log_of("kelmar-widgets"))
 
     def test_missing_display_ends_the_program_with_a_line_that_says_so(self):
         self.session.environment["DISPLAY"] = ":4711"
         process = self.session.processes.start(
             "kelmar-widgets", self.probe.command(), self.session.environment)
-        self.assertEqual(process.wait(20), 1)
+        self.assertEqual(process.wait(GIVE_UP_TIME), 1)
         self.assertEqual(self.session.processes.log_of("kelmar-widgets"),
                          "There is no X display to put widgets on.\n")
 
     def test_idle_desktop_sleeps(self):
         process = self.probe.start_widgets()
         self.wait_for_background(BLUE)
-        wait_until(lambda: not children_of(process.pid), "the extension to go", 20)
-        # What the extension's end leaves behind, such as a timer that would have killed it, passes.
-        time.sleep(3)
-        before = context_switches(process.pid)
-        time.sleep(3)
-        self.assertEqual(context_switches(process.pid), before)
+        self.assert_sleeps(process)
 
 
 if __name__ == "__main__":
