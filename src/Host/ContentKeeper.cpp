@@ -13,7 +13,8 @@ ContentKeeper::ContentKeeper(const HostParts& parts, ExtensionClient& client, st
     : parts_(parts),
       client_(client),
       urlScheme_(std::move(urlScheme)),
-      listeners_(std::move(listeners)) {
+      listeners_(std::move(listeners)),
+      placeholderTimer_(parts.timers.make([this] { tellOfPlaceholders(); })) {
     parts_.wallClockTimer.setHandler([this](ClockEvent event) { wake(event); });
     parts_.wallClockTimer.arm(std::nullopt);
 }
@@ -156,7 +157,20 @@ void ContentKeeper::takePlaceholder(WidgetId id, const RequestOutcome& outcome,
         refuse(id, kit::EntryKind::placeholder, entry.failure().reason);
         return;
     }
-    tell(id, widget.takePlaceholder(*std::move(entry)));
+    if (widget.takePlaceholder(*std::move(entry)) == Looks::different) {
+        if (freshPlaceholders_.empty()) {
+            placeholderTimer_->start(parts_.limits.placeholder);
+        }
+        freshPlaceholders_.push_back(id);
+    }
+}
+
+void ContentKeeper::tellOfPlaceholders() {
+    for (const auto id : std::exchange(freshPlaceholders_, {})) {
+        if (const auto* const widget = find(id); widget != nullptr && widget->showsPlaceholder()) {
+            listeners_.changed(id);
+        }
+    }
 }
 
 void ContentKeeper::takeTimeline(WidgetId id, const RequestOutcome& outcome,

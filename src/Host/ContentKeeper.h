@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -55,6 +56,7 @@ private:
                          const kit::Environment& environment);
     void takeTimeline(WidgetId id, const RequestOutcome& outcome,
                       const kit::Environment& environment);
+    void tellOfPlaceholders();
     void refuse(WidgetId id, kit::EntryKind entryKind, const std::string& reason);
     void tell(WidgetId id, Looks looks);
     void arm();
@@ -68,6 +70,9 @@ private:
     ReloadJournal journal_;
     /// Why those are to be reloaded once more whose reload is under way.
     std::map<WidgetId, ReloadCause> wantedAgain_;
+    /// Widgets whose placeholders have come and are not yet told of.
+    std::vector<WidgetId> freshPlaceholders_;
+    std::unique_ptr<Timer> placeholderTimer_;
     WidgetId lastId_ = 0;
 };
 

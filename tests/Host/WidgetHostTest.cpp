@@ -120,12 +120,36 @@ TEST_F(WidgetHostTest, AWidgetShowsItsPlaceholderAndThenItsTimeline) {
     EXPECT_EQ(shown(id), "nothing");
     EXPECT_THAT(newRequests(), ElementsAre("placeholder Clock", "timeline Clock"));
     process().answer(1, kit::encodeEntry(entry(0, "placeholder")));
+    timers_.advance(50ms);
     EXPECT_EQ(shown(id), "placeholder");
     EXPECT_TRUE(host_.showsPlaceholder(id));
+    EXPECT_THAT(changed_, ElementsAre(id));
     process().answer(2, kit::encodeTimeline(timeline({entry(900, "now")})));
     EXPECT_EQ(shown(id), "now");
     EXPECT_FALSE(host_.showsPlaceholder(id));
     EXPECT_THAT(changed_, ElementsAre(id, id));
+}
+
+TEST_F(WidgetHostTest, APlaceholderThatIsFollowedAtOnceIsNotToldOf) {
+    introduce();
+    const auto id = host_.add("Clock", small);
+    const auto slow = host_.add("Clock", large);
+    process().answer(1, kit::encodeEntry(entry(0, "placeholder")));
+    process().answer(2, kit::encodeTimeline(timeline({entry(900, "now")})));
+    process().answer(3, kit::encodeEntry(entry(0, "placeholder")));
+    timers_.advance(49ms);
+    EXPECT_THAT(changed_, ElementsAre(id));
+    timers_.advance(1ms);
+    EXPECT_THAT(changed_, ElementsAre(id, slow));
+}
+
+TEST_F(WidgetHostTest, NothingIsToldOfAPlaceholderWhoseWidgetHasGone) {
+    introduce();
+    const auto id = host_.add("Clock", small);
+    process().answer(1, kit::encodeEntry(entry(0, "placeholder")));
+    host_.remove(id);
+    timers_.advance(1s);
+    EXPECT_TRUE(changed_.empty());
 }
 
 TEST_F(WidgetHostTest, KnowsNothingOfWidgetsThatAreNotThere) {
