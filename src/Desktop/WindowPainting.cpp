@@ -1,8 +1,27 @@
 #include "Desktop/WindowPainting.h"
 
+#include <vector>
+
 #include "Desktop/CutOutCard.h"
 
 namespace kelmar::desktop {
+
+namespace {
+
+/// Every part costs a walk through all that the widget shows. A card with its corners cut out is a
+/// region of dozens of strips, which are drawn as one; a digit here and a bar there are not.
+std::vector<QRect> partsToDraw(const QRegion& region) {
+    const QRect bounds = region.boundingRect();
+    int area = 0;
+    for (const QRect& part : region) {
+        area += part.width() * part.height();
+    }
+    return 2 * area > bounds.width() * bounds.height()
+               ? std::vector<QRect>{bounds}
+               : std::vector<QRect>(region.begin(), region.end());
+}
+
+}  // namespace
 
 WindowPainting::WindowPainting(const WidgetContent& content, const system::Clock& clock)
     : content_(content), clock_(clock) {
@@ -27,7 +46,7 @@ void WindowPainting::paint(QPainter& painter, const QRegion& parts, double scale
     }
     scale_ = scale;
     paintedMoment_ = clock_.now();
-    for (const QRect& part : parts) {
+    for (const QRect& part : partsToDraw(parts)) {
         paintPart(painter, part);
     }
     paintFormer(painter);
