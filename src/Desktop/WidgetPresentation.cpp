@@ -54,10 +54,11 @@ void WidgetPresentation::dress(WidgetWindow& window) const {
 
 void WidgetPresentation::fill(WidgetWindow& window, host::WidgetId id) const {
     const kit::Entry* entry = parts_.host.shownEntry(id);
-    window.setContent(
-        entry != nullptr ? entry->view : emptyCard,
-        parts_.host.showsPlaceholder(id) ? paint::Redaction::redacted : paint::Redaction::shown,
-        parts_.direction, parts_.look.resources());
+    // Content comes over the empty card at once, as over any placeholder.
+    const bool isShown = entry != nullptr && !parts_.host.showsPlaceholder(id);
+    window.setContent(entry != nullptr ? entry->view : emptyCard,
+                      isShown ? paint::Redaction::shown : paint::Redaction::redacted,
+                      parts_.direction, parts_.look.resources());
 }
 
 }  // namespace kelmar::desktop
