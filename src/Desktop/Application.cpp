@@ -20,6 +20,7 @@
 #include "Desktop/WidgetAccessibility.h"
 #include "Desktop/X11Hints.h"
 #include "Host/GioUrlOpener.h"
+#include "Paint/FontSearch.h"
 #include "System/HomeFolder.h"
 
 namespace kelmar::desktop {
@@ -81,7 +82,7 @@ void tellWhatIsMissing(const Compositor& compositor, host::Log& log) {
 }
 
 int showDesktop(Ground& ground, const Options& options, const QDBusConnection& bus,
-                host::Log& log) {
+                const paint::FontSearch& fontSearch, host::Log& log) {
     const SettingsFollower follower(ground.host, log);
     const system::GettextLocalization texts("", system::catalogueFolder());
     setMenuDirection(ground.direction);
@@ -90,7 +91,7 @@ int showDesktop(Ground& ground, const Options& options, const QDBusConnection& b
     const Compositor compositor;
     tellWhatIsMissing(compositor, log);
     installWidgetAccessibility();
-    Look look(settings, options.scheme);
+    Look look(settings, options.scheme, fontSearch.fonts());
     Desktop desktop({.host = ground.host,
                      .arrangementFile = arrangementFile,
                      .look = look,
@@ -165,10 +166,11 @@ paint::PaintStyle pictureStyle(const Options& options,
             .redaction = paint::Redaction::shown};
 }
 
-int drawDesktop(Ground& ground, const Options& options, host::Log& log) {
+int drawDesktop(Ground& ground, const Options& options, const paint::FontSearch& fontSearch,
+                host::Log& log) {
     const std::optional<Arrangement> arrangement =
         ArrangementFile(ArrangementFile::standardPath(), log).load();
-    const paint::PaintResources resources(paint::FontSet::ofDesktop());
+    const paint::PaintResources resources(fontSearch.fonts());
     std::unique_ptr<DesktopPicture> picture;
     int status = failureStatus;
     const auto finish = [&](const QImage& image) {
@@ -215,6 +217,7 @@ int runDesktop(int argc, char** argv) {
         log.write(host::LogLevel::error, "There is no X display to put widgets on.");
         return failureStatus;
     }
+    paint::FontSearch fontSearch;
     QApplication application(argc, argv);
     const QDBusConnection bus = options.pictureFile ? QDBusConnection(QString()) : sessionBus();
     if (!options.pictureFile && claimInstance(bus, log) == Instance::later) {
@@ -227,9 +230,10 @@ int runDesktop(int argc, char** argv) {
         log.write(host::LogLevel::error, extensionFile.failure().reason);
         return failureStatus;
     }
+    fontSearch.begin(QApplication::font().family());
     Ground ground(*extensionFile, options.systemVersion);
-    return options.pictureFile ? drawDesktop(ground, options, log)
-                               : showDesktop(ground, options, bus, log);
+    return options.pictureFile ? drawDesktop(ground, options, fontSearch, log)
+                               : showDesktop(ground, options, bus, fontSearch, log);
 }
 
 }  // namespace kelmar::desktop

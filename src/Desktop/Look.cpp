@@ -2,17 +2,13 @@
 
 #include <QGuiApplication>
 #include <QPalette>
+#include <utility>
 
 #include "System/Fatal.h"
 
 namespace kelmar::desktop {
 
 namespace {
-
-paint::FontSet fontsFor(const Preferences& preferences) {
-    return preferences.fontFamily ? paint::FontSet(*preferences.fontFamily)
-                                  : paint::FontSet::ofDesktop();
-}
 
 /// Where no portal says what the user prefers, the colour of ordinary windows does.
 paint::Scheme schemeOfPalette() {
@@ -24,11 +20,12 @@ paint::Scheme schemeOfPalette() {
 
 }  // namespace
 
-Look::Look(const PortalSettings& settings, SchemeChoice scheme)
+Look::Look(const PortalSettings& settings, SchemeChoice scheme,
+           std::shared_future<paint::FontSet> desktopFonts)
     : settings_(settings),
       scheme_(scheme),
-      resources_(std::make_unique<paint::PaintResources>(fontsFor(settings.preferences()),
-                                                         settings.preferences().textScale)) {
+      desktopFonts_(std::move(desktopFonts)),
+      resources_(std::make_unique<paint::PaintResources>(desktopFonts_)) {
     connect(&settings, &PortalSettings::changed, this, &Look::takePreferences);
 }
 
@@ -46,7 +43,7 @@ paint::Appearance Look::appearance() const {
 }
 
 void Look::takePreferences() {
-    const paint::FontSet fonts = fontsFor(settings_.preferences());
+    const paint::FontSet fonts = this->fonts();
     std::unique_ptr<paint::PaintResources> former;
     const double textScale = settings_.preferences().textScale;
     if (fonts != resources_->fonts() || textScale != resources_->textScale()) {
@@ -54,6 +51,11 @@ void Look::takePreferences() {
             std::exchange(resources_, std::make_unique<paint::PaintResources>(fonts, textScale));
     }
     emit changed();
+}
+
+paint::FontSet Look::fonts() const {
+    const std::optional<QString>& family = settings_.preferences().fontFamily;
+    return family ? paint::FontSet(*family) : desktopFonts_.get();
 }
 
 paint::Scheme Look::scheme() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <future>
 #include <memory>
 
 #include "Desktop/Options.h"
@@ -16,8 +17,10 @@ class Look final : public QObject {
     Q_OBJECT
 
 public:
-    /// `settings` must outlive the look.
-    Look(const PortalSettings& settings, SchemeChoice scheme);
+    /// `settings` must outlive the look. `desktopFonts` are the application's own, for as long as
+    /// the settings name no others.
+    Look(const PortalSettings& settings, SchemeChoice scheme,
+         std::shared_future<paint::FontSet> desktopFonts);
 
     void setRenderingMode(kit::RenderingMode mode);
     [[nodiscard]] kit::RenderingMode renderingMode() const { return renderingMode_; }
@@ -33,8 +36,11 @@ private:
     void takePreferences();
     [[nodiscard]] paint::Scheme scheme() const;
 
+    [[nodiscard]] paint::FontSet fonts() const;
+
     const PortalSettings& settings_;
     SchemeChoice scheme_;
+    std::shared_future<paint::FontSet> desktopFonts_;
     kit::RenderingMode renderingMode_ = kit::RenderingMode::fullColor;
     std::unique_ptr<paint::PaintResources> resources_;
 };

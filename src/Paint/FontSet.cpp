@@ -6,12 +6,11 @@
 #include <QRawFont>
 #include <QStringList>
 #include <algorithm>
+#include <array>
+#include <numbers>
 
 namespace kelmar::paint {
 namespace {
-
-/// Large enough that what a font file says is not lost in rounding.
-constexpr int probeSize = 32;
 
 QFont::Weight weightOf(kit::FontWeight weight) {
     switch (weight) {
@@ -31,10 +30,32 @@ QFont::Weight weightOf(kit::FontWeight weight) {
     return QFont::Normal;
 }
 
-bool writesLettersAndDigits(const QString& family) {
-    QFont font(family);
-    font.setPixelSize(probeSize);
-    font.setStyleStrategy(QFont::NoFontMerging);
+/// Each twice as large as the one before. The first is that of most texts on a plain screen: a font
+/// made for a small size has stronger stems, and would lose them if it were larger and scaled down.
+constexpr std::array<int, 4> sharedSizes{12, 24, 48, 96};
+
+QFont fontOf(const QString& family, QFont::Weight weight, int pixelSize) {
+    QFont font;
+    // The emoji family stands second so that emoji come in colour where it is installed; what
+    // neither has, Qt finds among the other fonts.
+    font.setFamilies({family, QStringLiteral("Noto Color Emoji")});
+    font.setPixelSize(pixelSize);
+    font.setWeight(weight);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    // Coloured fringes would be wrong on a picture whose place on the screen is not known yet.
+    font.setStyleStrategy(QFont::NoSubpixelAntialias);
+    return font;
+}
+
+/// A font for looking at a family, one that the design's texts are then drawn with: one less to
+/// make ready.
+QFont sampleOf(const QString& family, kit::FontDesign design) {
+    return design == kit::FontDesign::rounded ? fontOf(family, QFont::Bold, sharedSizes[1])
+                                              : fontOf(family, QFont::Normal, sharedSizes[0]);
+}
+
+/// Asks the font alone, not those that Qt would take missing letters from.
+bool writesLettersAndDigits(const QFont& font) {
     const QRawFont raw = QRawFont::fromFont(font);
     // Emoji fonts have digits, but only as halves of key caps: letters tell a text font.
     const QString sample = QStringLiteral("AEOaenz059:");
@@ -43,20 +64,34 @@ bool writesLettersAndDigits(const QString& family) {
            });
 }
 
-/// The family that a name leads to on this machine, when that is a text font.
-QString usableFamily(const QString& name) {
+/// The family that a name leads to on this machine.
+QString familyOf(const QString& name, kit::FontDesign design) {
+    // Qt lists these as families, but they only lead to one; it would take some of their letters
+    // from whatever font comes next.
+    static const QStringList genericNames{"Sans Serif", "Serif", "Monospace"};
+    const bool isGeneric = genericNames.contains(name, Qt::CaseInsensitive);
+    if (!isGeneric && QFontDatabase::hasFamily(name)) {
+        return name;
+    }
+    QFont font = sampleOf(name, design);
+    font.setFamilies({name});
+    // Nothing is written with it: Qt need not look for the fonts that would stand in.
+    font.setStyleStrategy(QFont::NoFontMerging);
+    return QFontInfo(font).family();
+}
+
+/// The family that a name leads to, when that is a text font.
+QString usableFamily(const QString& name, kit::FontDesign design) {
     if (name.isEmpty()) {
         return {};
     }
-    // The names "Sans Serif" and "monospace" are no families but lead to one. Qt may list them as
-    // families all the same, and then takes some of their letters from whatever font comes next.
-    const QString family = QFontInfo(QFont(name)).family();
-    return writesLettersAndDigits(family) ? family : QString();
+    const QString family = familyOf(name, design);
+    return writesLettersAndDigits(sampleOf(family, design)) ? family : QString();
 }
 
 QString firstUsableFamily(const QStringList& names) {
     for (const QString& name : names) {
-        if (QString family = usableFamily(name); !family.isEmpty()) {
+        if (QString family = usableFamily(name, kit::FontDesign::standard); !family.isEmpty()) {
             return family;
         }
     }
@@ -64,8 +99,8 @@ QString firstUsableFamily(const QStringList& names) {
 }
 
 QString uiFamily(const QString& wanted) {
-    const QStringList preferred{wanted, QGuiApplication::font().family(),
-                                QStringLiteral("Sans Serif")};
+    QStringList preferred{wanted, QGuiApplication::font().family(), QStringLiteral("Sans Serif")};
+    preferred.removeDuplicates();
     if (QString family = firstUsableFamily(preferred); !family.isEmpty()) {
         return family;
     }
@@ -74,18 +109,22 @@ QString uiFamily(const QString& wanted) {
 
 }  // namespace
 
-QString FontSet::defaultRoundedFamily() {
-    return QStringLiteral("Quicksand");
+int FontSet::sharedSize(double size) {
+    const auto shared = std::ranges::find_if(
+        sharedSizes, [&](int each) { return size < each * std::numbers::sqrt2; });
+    return shared != sharedSizes.end() ? *shared : sharedSizes.back();
 }
 
-FontSet FontSet::ofDesktop() {
-    return FontSet(QGuiApplication::font().family());
+QString FontSet::defaultRoundedFamily() {
+    return QStringLiteral("Quicksand");
 }
 
 FontSet::FontSet(const QString& uiFamily, const QString& roundedFamily)
     : ui_(paint::uiFamily(uiFamily)),
       // A rounded family that is not there must not become the sans serif that Qt would take.
-      rounded_(QFontDatabase::hasFamily(roundedFamily) ? usableFamily(roundedFamily) : QString()) {
+      rounded_(QFontDatabase::hasFamily(roundedFamily)
+                   ? usableFamily(roundedFamily, kit::FontDesign::rounded)
+                   : QString()) {
     if (rounded_.isEmpty()) {
         rounded_ = ui_;
     }
@@ -96,16 +135,7 @@ const QString& FontSet::family(kit::FontDesign design) const {
 }
 
 QFont FontSet::font(const kit::Font& font, int pixelSize) const {
-    QFont result;
-    // The emoji family stands second so that emoji come in colour where it is installed; what
-    // neither has, Qt finds among the other fonts.
-    result.setFamilies({family(font.design), QStringLiteral("Noto Color Emoji")});
-    result.setPixelSize(pixelSize);
-    result.setWeight(weightOf(font.weight));
-    result.setHintingPreference(QFont::PreferNoHinting);
-    // Coloured fringes would be wrong on a picture whose place on the screen is not known yet.
-    result.setStyleStrategy(QFont::NoSubpixelAntialias);
-    return result;
+    return fontOf(family(font.design), weightOf(font.weight), pixelSize);
 }
 
 }  // namespace kelmar::paint

@@ -12,11 +12,8 @@ namespace kelmar::paint {
 /// widget never loses its texts to the user's font settings.
 class FontSet {
 public:
-    /// The user interface family of the running desktop, and Quicksand for rounded texts where it
-    /// is installed.
-    [[nodiscard]] static FontSet ofDesktop();
-
-    /// Families by name. An empty or unusable rounded family means the user interface family.
+    /// Families by name, rounded texts in Quicksand where it is installed. An empty or unusable
+    /// rounded family means the user interface family.
     explicit FontSet(const QString& uiFamily,
                      const QString& roundedFamily = defaultRoundedFamily());
 
@@ -27,6 +24,11 @@ public:
     /// another size scales by itself. Glyphs are not hinted, which keeps widths proportional to
     /// the size.
     [[nodiscard]] QFont font(const kit::Font& font, int pixelSize) const;
+
+    /// The size, in pixels, of the font that texts of a size are measured and drawn with, by
+    /// scaling: one of a few, less than half an octave away. To make a font ready costs Qt and
+    /// Fontconfig more than all that a widget draws with it; an octave's texts share one.
+    [[nodiscard]] static int sharedSize(double size);
 
     [[nodiscard]] static QString defaultRoundedFamily();
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <future>
+#include <utility>
+
 #include "Paint/FontSet.h"
 #include "Paint/QtTextMeasurer.h"
 #include "Paint/SymbolSet.h"
@@ -13,6 +16,9 @@ class PaintResources {
 public:
     explicit PaintResources(const FontSet& fonts, double textScale = 1)
         : measurer_(fonts), textScale_(textScale) {}
+    /// Fonts that are still being looked for, and are waited for when first they are needed.
+    explicit PaintResources(std::shared_future<FontSet> fonts, double textScale = 1)
+        : measurer_(std::move(fonts)), textScale_(textScale) {}
 
     [[nodiscard]] const QtTextMeasurer& measurer() const { return measurer_; }
     [[nodiscard]] const FontSet& fonts() const { return measurer_.fonts(); }

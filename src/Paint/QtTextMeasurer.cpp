@@ -1,15 +1,13 @@
 #include "Paint/QtTextMeasurer.h"
 
 #include <QFontMetricsF>
+#include <QPainterPath>
 #include <QTextOption>
 #include <algorithm>
 #include <utility>
 
 namespace kelmar::paint {
 namespace {
-
-/// Widths are taken at this size and scaled, so that rounding in the font engine is not seen.
-constexpr int referenceSize = 100;
 
 /// In characters of cached text: a few hundred kilobytes, several screens full of widgets.
 constexpr qsizetype cacheCapacity = 65'536;
@@ -36,16 +34,30 @@ qsizetype stretchLength(const QString& text, qsizetype start) {
     return end - start;
 }
 
+/// From the outlines: the metrics' own rectangles are rounded to whole pixels.
+double inkWidth(QChar character, const QFont& font) {
+    QPainterPath outline;
+    outline.addText(QPointF(), font, character);
+    return outline.boundingRect().width();
+}
+
 enum class CachedWidth { text, digitCell };
 
-QString cacheKey(CachedWidth kind, const QString& text, const kit::Font& font) {
+QString cacheKey(CachedWidth kind, const QString& text, const kit::Font& font, int size) {
     const QChar face(static_cast<int>(font.weight) * 2 + static_cast<int>(font.design));
-    return QChar(static_cast<int>(kind)) + (face + text);
+    return QChar(static_cast<int>(kind)) + (face + (QChar(size) + text));
 }
 
 }  // namespace
 
-QtTextMeasurer::QtTextMeasurer(FontSet fonts) : fonts_(std::move(fonts)), widths_(cacheCapacity) {}
+QtTextMeasurer::QtTextMeasurer(const FontSet& fonts) : widths_(cacheCapacity) {
+    std::promise<FontSet> found;
+    found.set_value(fonts);
+    fonts_ = found.get_future();
+}
+
+QtTextMeasurer::QtTextMeasurer(std::shared_future<FontSet> fonts)
+    : fonts_(std::move(fonts)), widths_(cacheCapacity) {}
 
 double QtTextMeasurer::width(std::string_view text, const kit::Font& font) const {
     const QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -90,14 +102,14 @@ double QtTextMeasurer::cached(const QString& key, Measure measure) const {
 
 double QtTextMeasurer::digitCell(QChar digit, const kit::Font& font) const {
     const QChar zero(digit.unicode() - digit.digitValue());
-    return cached(cacheKey(CachedWidth::digitCell, zero, font), [&] {
-        const QFontMetricsF metrics(fonts_.font(font, referenceSize));
-        double widest = metrics.horizontalAdvance(zero);
+    const int size = FontSet::sharedSize(font.size);
+    return cached(cacheKey(CachedWidth::digitCell, zero, font, size), [&] {
+        const QFont face = fonts().font(font, size);
+        double widest = QFontMetricsF(face).horizontalAdvance(zero);
         for (int value = 1; value <= 9; ++value) {
-            const QString text = QChar(zero.unicode() + value);
-            widest = std::max(widest, metrics.tightBoundingRect(text).width());
+            widest = std::max(widest, inkWidth(QChar(zero.unicode() + value), face));
         }
-        return widest / referenceSize;
+        return widest / size;
     });
 }
 
@@ -105,11 +117,12 @@ double QtTextMeasurer::widthPerPoint(const QString& text, const kit::Font& font)
     if (text.isEmpty()) {
         return 0;
     }
-    return cached(cacheKey(CachedWidth::text, text, font), [&] {
+    const int size = FontSet::sharedSize(font.size);
+    return cached(cacheKey(CachedWidth::text, text, font, size), [&] {
         QTextOption option;
         option.setUseDesignMetrics(true);
-        const QFontMetricsF metrics(fonts_.font(font, referenceSize));
-        return metrics.horizontalAdvance(text, option) / referenceSize;
+        const QFontMetricsF metrics(fonts().font(font, size));
+        return metrics.horizontalAdvance(text, option) / size;
     });
 }
 

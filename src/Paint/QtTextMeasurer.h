@@ -3,6 +3,7 @@
 #include <QCache>
 #include <QFont>
 #include <QString>
+#include <future>
 #include <string_view>
 #include <vector>
 
@@ -19,11 +20,14 @@ struct TextPiece {
     double width = 0;  ///< How much of the line it takes; the drawing of a digit may be narrower.
 };
 
-/// Widths of text in the system's fonts. They come from the fonts' design, scaled to the size, so
-/// a layout is the same at every scale of the screen.
+/// Widths of text in the system's fonts. They come from the fonts' design, scaled to the size from
+/// the nearest of a few (FontSet::sharedSize), so a layout is the same at every scale of the
+/// screen.
 class QtTextMeasurer final : public layout::TextMeasurer {
 public:
-    explicit QtTextMeasurer(FontSet fonts);
+    explicit QtTextMeasurer(const FontSet& fonts);
+    /// Fonts that are still being looked for: they are waited for when there is text to measure.
+    explicit QtTextMeasurer(std::shared_future<FontSet> fonts);
 
     [[nodiscard]] double width(std::string_view text, const kit::Font& font) const override;
 
@@ -33,7 +37,7 @@ public:
     /// order.
     [[nodiscard]] std::vector<TextPiece> pieces(const QString& text, const kit::Font& font) const;
 
-    [[nodiscard]] const FontSet& fonts() const { return fonts_; }
+    [[nodiscard]] const FontSet& fonts() const { return fonts_.get(); }
 
 private:
     [[nodiscard]] double widthPerPoint(const QString& text, const kit::Font& font) const;
@@ -41,7 +45,7 @@ private:
     template <class Measure>
     [[nodiscard]] double cached(const QString& key, Measure measure) const;
 
-    FontSet fonts_;
+    std::shared_future<FontSet> fonts_;
     /// Widths for a size of 1 by font and text; the least used are forgotten.
     mutable QCache<QString, double> widths_;
 };

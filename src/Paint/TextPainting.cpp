@@ -24,15 +24,14 @@ constexpr double largestPixelSize = 2000;
 
 /// Draws one piece of a line from its left edge on a baseline, both in device pixels.
 void drawPiece(const Canvas& canvas, const QString& text, const kit::Font& font, QPointF origin) {
-    const double wanted = std::clamp(canvas.grid.length(font.size), 1.0, largestPixelSize);
-    const int pixelSize = static_cast<int>(std::lround(wanted));
+    const double pixelSize = std::clamp(canvas.grid.length(font.size), 1.0, largestPixelSize);
+    const int drawnSize = FontSet::sharedSize(pixelSize);
+    const double scale = pixelSize / drawnSize;
     QPainter& painter = canvas.painter;
     painter.save();
-    painter.setFont(canvas.context.resources.fonts().font(font, pixelSize));
+    painter.setFont(canvas.context.resources.fonts().font(font, drawnSize));
     painter.translate(origin);
-    if (const double rest = wanted / pixelSize; std::abs(rest - 1) > 1e-6) {
-        painter.scale(rest, rest);
-    }
+    painter.scale(scale, scale);
     painter.drawText(QPointF(0, 0), text);
     painter.restore();
 }

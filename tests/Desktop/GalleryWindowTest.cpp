@@ -8,6 +8,7 @@
 #include "Desktop/GalleryWindow.h"
 #include "Desktop/Screens.h"
 #include "Host/HostParts.h"
+#include "tests/Desktop/FoundFonts.h"
 #include "tests/Host/Fakes.h"
 
 namespace kelmar::desktop {
@@ -167,7 +168,7 @@ protected:
         host::HostParts{
             opener_, clock_, wallClockTimer_, timers_, launcher_, fileWatch_, log_, {}}};
     PortalSettings settings_{log_};
-    Look look_{settings_, SchemeChoice::light};
+    Look look_{settings_, SchemeChoice::light, foundFonts()};
     Compositor compositor_;
     system::EnglishLocalization texts_;
     QPointer<GalleryWindow> window_;

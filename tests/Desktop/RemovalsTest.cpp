@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "Desktop/Removals.h"
+#include "tests/Desktop/FoundFonts.h"
 #include "tests/Desktop/RecordingLog.h"
 
 namespace kelmar::desktop {
@@ -63,7 +64,7 @@ protected:
 
     test::RecordingLog log_;
     PortalSettings settings_{log_};
-    Look look_{settings_, SchemeChoice::dark};
+    Look look_{settings_, SchemeChoice::dark, foundFonts()};
     Compositor compositor_;
     system::EnglishLocalization texts_;
     Removals removals_{{look_, compositor_, texts_}};

@@ -5,6 +5,7 @@
 #include "Desktop/SymbolIcon.h"
 #include "Desktop/TrayIcon.h"
 #include "Host/HostParts.h"
+#include "tests/Desktop/FoundFonts.h"
 #include "tests/Desktop/RecordingLog.h"
 #include "tests/Host/Fakes.h"
 
@@ -25,7 +26,7 @@ protected:
         host::HostParts{opener_, clock_, wallClockTimer_, timers_, launcher_, fileWatch_, log_,
                         host::HostLimits{}}};
     PortalSettings settings_{log_};
-    Look look_{settings_, SchemeChoice::light};
+    Look look_{settings_, SchemeChoice::light, foundFonts()};
     system::EnglishLocalization texts_;
     TrayIcon tray_{{.host = host_, .look = look_, .texts = texts_, .log = log_}};
 };

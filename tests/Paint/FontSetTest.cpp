@@ -65,17 +65,22 @@ TEST(FontSet, UnusableFamiliesFallBackToOneThatWrites) {
     }
 }
 
-TEST(FontSet, OfDesktopTakesTheApplicationsFamily) {
-    const QFont before = QGuiApplication::font();
-    QGuiApplication::setFont(QFont(QStringLiteral("Inter")));
-    const FontSet fonts = FontSet::ofDesktop();
-    QGuiApplication::setFont(before);
-    EXPECT_EQ(fonts.family(FontDesign::standard), QStringLiteral("Inter"));
-    EXPECT_EQ(fonts, FontSet(QStringLiteral("Inter")));
+TEST(FontSet, TextsOfAnOctaveShareASize) {
+    struct Case {
+        double size;
+        int shared;
+    };
+    for (const auto& [size, shared] :
+         {Case{0.5, 12}, Case{9, 12}, Case{12, 12}, Case{16.9, 12}, Case{17, 24}, Case{30, 24},
+          Case{34, 48}, Case{67.8, 48}, Case{67.9, 96}, Case{96, 96}, Case{2000, 96}}) {
+        EXPECT_EQ(FontSet::sharedSize(size), shared) << size;
+    }
 }
 
 TEST(FontSet, GenericNamesLeadToAFamily) {
     const FontSet fonts(QStringLiteral("Sans Serif"));
+    EXPECT_EQ(fonts.family(FontDesign::standard),
+              QFontInfo(QFont(QStringLiteral("Sans Serif"))).family());
     EXPECT_TRUE(QFontDatabase::hasFamily(fonts.family(FontDesign::standard)));
 }
 
