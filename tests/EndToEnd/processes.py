@@ -31,6 +31,13 @@ class Processes:
         with open(path, encoding="utf-8", errors="replace") as log:
             return log.read()
 
+    def logs(self):
+        """What every program has said, with its name before it."""
+        for name in sorted(os.listdir(self._log_folder)):
+            said = self.log_of(name.removesuffix(".log"))
+            if said:
+                yield f"{name}:\n{said}"
+
     def end(self, process, first_signal=signal.SIGTERM):
         """Ends a program and its group; returns its exit status."""
         if process.poll() is None:

@@ -41,7 +41,8 @@ class XConnection:
     def __init__(self, display):
         self._socket = socket.socket(socket.AF_UNIX)
         self._waits = 0
-        self._socket.connect("/tmp/.X11-unix/X" + display.lstrip(":"))
+        # The abstract one: the file of this name may be removed by an earlier server's end.
+        self._socket.connect("\0/tmp/.X11-unix/X" + display.lstrip(":"))
         self._socket.sendall(struct.pack("<BxHHHHxx", ord("l"), 11, 0, 0, 0))
         accepted, length = struct.unpack("<Bxxx2xH", self._read(8))
         setup = self._read(4 * length)
