@@ -11,15 +11,8 @@ Run as a program it is the tray; it does what it reads, one JSON value a line:
     ["press", id]    presses an entry
 """
 
-import json
-import os
-import subprocess
-import sys
-
+from bus_double import BusDouble, obey
 from processes import wait_until
-
-# The bindings are packages of the system, whose interpreter need not be the first one found.
-SYSTEM_PYTHON = "/usr/bin/python3"
 
 WATCHER = "org.kde.StatusNotifierWatcher"
 ITEM = "org.kde.StatusNotifierItem"
@@ -27,57 +20,39 @@ MENU = "com.canonical.dbusmenu"
 PROPERTIES = "org.freedesktop.DBus.Properties"
 
 
-class BusTray:
+class BusTray(BusDouble):
     """The tray as a test sees it."""
 
     def __init__(self, session):
-        self._session = session
-        self._process = None
-
-    def start(self):
-        self._process = self._session.processes.start(
-            "bus-tray", [SYSTEM_PYTHON, os.path.abspath(__file__)],
-            {**self._session.environment, "PYTHONDONTWRITEBYTECODE": "1"},
-            stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, bufsize=1)
-        if self._process.stdout.readline() != "ready\n":
-            raise AssertionError("the tray did not start: "
-                                 + self._session.processes.log_of("bus-tray"))
+        super().__init__(session, __file__)
 
     def show(self):
-        self._ask("show")
-
-    def end(self):
-        self._session.processes.end(self._process)
+        self.ask("show")
 
     def items(self):
-        return self._ask("items")
+        return self.ask("items")
 
     def wait_for_icon(self):
         wait_until(self.items, "an icon in the tray")
 
     def open(self):
         """The menu's entries when it has just opened."""
-        return self._ask("open")
+        return self.ask("open")
 
     def read(self):
-        return self._ask("read")
+        return self.ask("read")
 
     def tooltip(self):
-        return self._ask("tooltip")
+        return self.ask("tooltip")
 
     def press(self, entry):
-        self._ask(["press", entry["id"]])
-
-    def _ask(self, command):
-        self._process.stdin.write(json.dumps(command) + "\n")
-        return json.loads(self._process.stdout.readline())
+        self.ask(["press", entry["id"]])
 
 
 def serve():
     import dbus
     import dbus.mainloop.glib
     import dbus.service
-    from gi.repository import GLib
 
     dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
     bus = dbus.SessionBus()
@@ -161,18 +136,7 @@ def serve():
                      dbus.UInt32(0))
         return None
 
-    def obey(_stream, _condition):
-        line = sys.stdin.readline()
-        if not line:
-            loop.quit()
-            return False
-        print(json.dumps(answer(json.loads(line))), flush=True)
-        return True
-
-    loop = GLib.MainLoop()
-    GLib.io_add_watch(sys.stdin.fileno(), GLib.IO_IN | GLib.IO_HUP, obey)
-    print("ready", flush=True)
-    loop.run()
+    obey(answer)
     del name
 
 

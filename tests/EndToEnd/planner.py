@@ -69,10 +69,13 @@ class DueToday:
     def __init__(self, session):
         self._session = session
 
-    def start(self):
-        process = self._session.processes.start(
-            "kelmar-widgets", [binary("kelmar-widgets"), "--add", "DueToday:large"],
+    def launch(self, *arguments):
+        return self._session.processes.start(
+            "kelmar-widgets", [binary("kelmar-widgets"), "--add", "DueToday:large", *arguments],
             self._session.environment)
+
+    def start(self, *arguments):
+        process = self.launch(*arguments)
         # The placeholder is redacted, so this comes with the first real entry.
         wait_until(lambda: self.picture().count(ACCENT) > 0, "the widget's content")
         return process
@@ -91,12 +94,14 @@ class DueToday:
     def wait_for_color(self, color):
         wait_until(lambda: self.shows_color(color), f"a row with the colour {color}")
 
-    def wait_for_files(self):
-        """Until it looks as the command line draws it from the planner's files."""
+    def wait_for_files(self, *options):
+        """Until it looks as the command line draws it, with these options, from the planner's
+        files."""
         # The corners differ: on this desktop nothing blends them.
         inside = (12, 12, 340, 358)
         wait_until(lambda: self.picture().part(*inside).differing_pixels(
-            rendered(self._session, "DueToday", "large").part(*inside), tolerance=16) == 0,
+            rendered(self._session, "DueToday", "large", options=options).part(*inside),
+            tolerance=16) == 0,
             "the picture that the command line draws")
 
     def looks_like(self, picture):

@@ -7,7 +7,7 @@ import struct
 from picture import Picture
 from x_connection import (CREATE_WINDOW, GET_GEOMETRY, GET_IMAGE, GET_PROPERTY,
                           GET_SELECTION_OWNER, GET_WINDOW_ATTRIBUTES, GRAB_KEYBOARD, INTERN_ATOM,
-                          QUERY_TREE, XConnection, request)
+                          QUERY_EXTENSION, QUERY_TREE, XConnection, request)
 
 VIEWABLE = 2
 ANY_TYPE = 0
@@ -17,6 +17,10 @@ ASYNCHRONOUS = 1
 ALREADY_GRABBED = 1
 Z_PIXMAP = 2
 ALL_PLANES = 0xFFFFFFFF
+# Of the extension that tells what is drawn.
+DAMAGE_QUERY_VERSION, DAMAGE_CREATE = 0, 1
+DAMAGE_VERSION = (1, 1)
+EVERY_DRAWING = 0
 
 PROPERTIES = ("_NET_WM_NAME", "WM_NAME", "WM_CLASS")
 
@@ -73,6 +77,29 @@ class Screen:
     def size(self):
         answer, = self._connection.ask(about(GET_GEOMETRY, self._connection.root))
         return struct.unpack_from("<HH", answer, 16)
+
+    def count_drawings(self, window, x, y):
+        """Begins to count how often a point of a window is drawn; returns how to ask for it."""
+        answer, = self._connection.ask(request(QUERY_EXTENSION, 0, struct.pack("<Hxx", 6)
+                                               + b"DAMAGE"))
+        is_there, extension, event = struct.unpack_from("<BBB", answer, 8)
+        if not is_there:
+            raise AssertionError("the X server does not tell what is drawn")
+        self._connection.ask(request(extension, DAMAGE_QUERY_VERSION,
+                                     struct.pack("<II", *DAMAGE_VERSION)))
+        counter = self._connection.new_id()
+        self._connection.send(request(extension, DAMAGE_CREATE, struct.pack(
+            "<IIBxxx", counter, window, EVERY_DRAWING)))
+
+        def total():
+            self.size()  # Whatever was drawn before this is answered has been told of then.
+            areas = (struct.unpack_from("<8xI4xhhHH", seen) for seen in self._connection.events
+                     if seen[0] & 0x7F == event)
+            return sum(counted == counter and 0 <= x - left < width and 0 <= y - top < height
+                       for counted, left, top, width, height in areas)
+        # The window as it is counts as drawn.
+        before = total()
+        return lambda: total() - before
 
     def selection_owner(self, name):
         """The window of the program that holds a selection, or None."""

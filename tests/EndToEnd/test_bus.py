@@ -8,7 +8,7 @@ import subprocess
 import unittest
 import xml.etree.ElementTree as xml
 
-from bus_tray import SYSTEM_PYTHON
+from bus_double import SYSTEM_PYTHON
 from planner import DueToday, PlannerFolder, item, snapshot
 from probe import Probe
 from processes import GIVE_UP_TIME, wait_until

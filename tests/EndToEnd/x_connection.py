@@ -21,6 +21,7 @@ GRAB_KEYBOARD = 31
 GRAB_SERVER = 36
 UNGRAB_SERVER = 37
 GET_IMAGE = 73
+QUERY_EXTENSION = 98
 
 ERROR, REPLY = 0, 1
 HEADER_SIZE = 32
@@ -36,11 +37,13 @@ class XError(Exception):
 
 
 class XConnection:
-    """Little-endian. The server must let everybody of this machine in."""
+    """Little-endian. The server must let everybody of this machine in. `events` are those that have
+    come before the last answer."""
 
     def __init__(self, display):
         self._socket = socket.socket(socket.AF_UNIX)
         self._waits = 0
+        self.events = []
         # The abstract one: the file of this name may be removed by an earlier server's end.
         self._socket.connect("\0/tmp/.X11-unix/X" + display.lstrip(":"))
         self._socket.sendall(struct.pack("<BxHHHHxx", ord("l"), 11, 0, 0, 0))
@@ -90,7 +93,7 @@ class XConnection:
             if header[0] == REPLY:
                 length, = struct.unpack_from("<I", header, 4)
                 return header + self._read(4 * length)
-            # Of what is left, events, some come to everybody.
+            self.events.append(header)
 
     def _read(self, size):
         data = bytearray()

@@ -1,0 +1,77 @@
+"""A settings portal on the session bus (org.freedesktop.portal.Settings), which tells programs what
+the desktop prefers and when that changes.
+
+Run as a program it is the portal; it does what it reads, one JSON value a line:
+
+    ["set", namespace, key, signature, value]    gives a setting a value, and says so to all
+"""
+
+from bus_double import BusDouble, obey
+
+PORTAL = "org.freedesktop.portal.Desktop"
+PATH = "/org/freedesktop/portal/desktop"
+SETTINGS = "org.freedesktop.portal.Settings"
+APPEARANCE = "org.freedesktop.appearance"
+
+# What the portal calls the schemes.
+SCHEMES = {"none": 0, "dark": 1, "light": 2}
+
+
+class BusPortal(BusDouble):
+    """The portal as a test sees it."""
+
+    def __init__(self, session):
+        super().__init__(session, __file__)
+
+    def set_scheme(self, scheme):
+        self._set("color-scheme", "u", SCHEMES[scheme])
+
+    def set_accent(self, red, green, blue):
+        self._set("accent-color", "(ddd)", [red, green, blue])
+
+    def set_reduced_motion(self, is_reduced):
+        self._set("reduced-motion", "u", int(is_reduced))
+
+    def _set(self, key, signature, value):
+        self.ask(["set", APPEARANCE, key, signature, value])
+
+
+def serve():
+    import dbus
+    import dbus.mainloop.glib
+    import dbus.service
+
+    dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
+    bus = dbus.SessionBus()
+
+    class Portal(dbus.service.Object):
+        def __init__(self):
+            super().__init__(bus, PATH)
+            self.settings = {}
+
+        @dbus.service.method(SETTINGS, in_signature="as", out_signature="a{sa{sv}}")
+        def ReadAll(self, wanted):
+            return {name: values for name, values in self.settings.items() if name in wanted}
+
+        @dbus.service.signal(SETTINGS, signature="ssv")
+        def SettingChanged(self, _namespace, _key, _value):
+            pass
+
+    def typed(signature, value):
+        if signature == "u":
+            return dbus.UInt32(value)
+        return dbus.Struct(map(dbus.Double, value), signature="ddd")
+
+    def answer(command):
+        _set, namespace, key, signature, value = command
+        portal.settings.setdefault(namespace, {})[key] = typed(signature, value)
+        portal.SettingChanged(namespace, key, typed(signature, value))
+
+    portal = Portal()
+    name = dbus.service.BusName(PORTAL, bus, do_not_queue=True)
+    obey(answer)
+    del name
+
+
+if __name__ == "__main__":
+    serve()
