@@ -7,7 +7,7 @@ import struct
 from picture import Picture
 from x_connection import (CREATE_WINDOW, GET_GEOMETRY, GET_IMAGE, GET_PROPERTY,
                           GET_SELECTION_OWNER, GET_WINDOW_ATTRIBUTES, GRAB_KEYBOARD, INTERN_ATOM,
-                          QUERY_EXTENSION, QUERY_TREE, XConnection, request)
+                          QUERY_EXTENSION, QUERY_TREE, SEND_EVENT, XConnection, request)
 
 VIEWABLE = 2
 ANY_TYPE = 0
@@ -15,6 +15,8 @@ LONGEST_PROPERTY = 1024
 INPUT_ONLY = 2
 ASYNCHRONOUS = 1
 ALREADY_GRABBED = 1
+CLIENT_MESSAGE = 33
+TO_THE_WINDOW_MANAGER = 0x180000  # SubstructureRedirect and SubstructureNotify
 Z_PIXMAP = 2
 ALL_PLANES = 0xFFFFFFFF
 # Of the extension that tells what is drawn.
@@ -111,6 +113,19 @@ class Screen:
         answer, = self._connection.ask(self._property(self._connection.root, name))
         value = value_of(answer)
         return struct.unpack_from("<I", value)[0] if len(value) >= 4 else None
+
+    def has_responsive_window_manager(self):
+        """Whether a window manager has answered a message sent before; sends another one.
+
+        Such a message asks how wide a window's frame would be (Extended Window Manager Hints,
+        _NET_REQUEST_FRAME_EXTENTS).
+        """
+        window, root = self._unseen, self._connection.root
+        self._connection.send(request(SEND_EVENT, 0, struct.pack(
+            "<IIBBxxII20x", root, TO_THE_WINDOW_MANAGER, CLIENT_MESSAGE, 32, window,
+            self._atom("_NET_REQUEST_FRAME_EXTENTS"))))
+        answer, = self._connection.ask(self._property(window, "_NET_FRAME_EXTENTS"))
+        return bool(value_of(answer))
 
     def is_keyboard_taken(self):
         """Whether a program has all keys sent to it, wherever the keyboard belongs, as menus do.

@@ -86,7 +86,9 @@ class Session:
             self._start_session_bus()
         if "window manager" not in without:
             self.processes.start("openbox", ["openbox", "--sm-disable"], self.environment)
-            wait_until(self._has_window_manager, "a window manager")
+            # It says that it is there while it is starting. What others ask of it then may lie
+            # unread until something else happens.
+            wait_until(self.screen.has_responsive_window_manager, "a window manager")
         subprocess.run(["xsetroot", "-solid", "#%02x%02x%02x" % WALLPAPER], env=self.environment,
                        check=True)
 
@@ -356,9 +358,6 @@ class Session:
             ["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus",
              "org.a11y.Bus.GetAddress"], env=self.environment, check=False,
             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
-
-    def _has_window_manager(self):
-        return self.screen.number_on_root("_NET_SUPPORTING_WM_CHECK")
 
     def _xdotool(self, *words):
         subprocess.run(["xdotool", *map(str, words)], env=self.environment, check=True)
