@@ -63,11 +63,41 @@ inline constexpr NameTable<ShapeKind, 4> shapeNames{{
     {ShapeKind::roundedRectangle, "roundedRectangle"},
 }};
 
+/// The member by which a view says what kind it is.
+inline constexpr std::string_view typeKey = "type";
 /// The `type` of each kind of view, in the variant's order.
 inline constexpr std::array<std::string_view, std::variant_size_v<ViewNode>> nodeTypeNames{
     "text",      "symbol",   "hstack", "vstack",  "zstack",     "spacer",  "shape",
     "countdown", "progress", "frame",  "padding", "fixedSize",  "opacity", "background",
     "overlay",   "link",     "button", "toggle",  "accessible",
+};
+
+/// The table of a type, for code that is written for every type.
+constexpr const auto& namesOf(ColorStyle /*type*/) {
+    return colorStyleNames;
+}
+constexpr const auto& namesOf(FontWeight /*type*/) {
+    return fontWeightNames;
+}
+constexpr const auto& namesOf(FontDesign /*type*/) {
+    return fontDesignNames;
+}
+constexpr const auto& namesOf(VerticalAlignment /*type*/) {
+    return verticalAlignmentNames;
+}
+constexpr const auto& namesOf(HorizontalAlignment /*type*/) {
+    return horizontalAlignmentNames;
+}
+constexpr const auto& namesOf(Alignment /*type*/) {
+    return alignmentNames;
+}
+constexpr const auto& namesOf(ShapeKind /*type*/) {
+    return shapeNames;
+}
+
+template <class Word>
+concept Named = requires {
+    namesOf(Word{});
 };
 
 inline constexpr std::string_view captionName = "caption";
