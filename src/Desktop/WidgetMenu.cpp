@@ -25,12 +25,12 @@ public:
         if (widget == state_.bundle.widgets.end()) {
             return;
         }
-        auto* choice = new QActionGroup(&menu);
+        QActionGroup& choice = addChoice(menu);
         for (const kit::Family family : widget->families) {
             QAction* action =
                 menu.addAction(word(wordFor(family)), &menu,
                                [resize = actions_.resize, family] { resize(family); });
-            addToChoice(*choice, *action, family == state_.family);
+            addToChoice(choice, *action, family == state_.family);
             action->setEnabled(isOpen());
         }
         menu.addSeparator();
@@ -55,11 +55,11 @@ public:
 
     void addRenderingModes(QMenu& menu) const {
         QMenu* modes = menu.addMenu(word("Rendering"));
-        auto* choice = new QActionGroup(modes);
+        QActionGroup& choice = addChoice(*modes);
         for (const kit::RenderingMode mode : kit::renderingModes) {
             QAction* action = modes->addAction(
                 word(wordFor(mode)), modes, [set = actions_.setRenderingMode, mode] { set(mode); });
-            addToChoice(*choice, *action, mode == state_.renderingMode);
+            addToChoice(choice, *action, mode == state_.renderingMode);
         }
     }
 
@@ -72,6 +72,13 @@ private:
 
     static QString escaped(const std::string& text) {
         return escapedForMenu(QString::fromStdString(text));
+    }
+
+    /// Of its entries one is chosen at a time. It goes with the menu.
+    static QActionGroup& addChoice(QMenu& menu) {
+        auto* choice = new QActionGroup(&menu);
+        choice->setExclusionPolicy(QActionGroup::ExclusionPolicy::Exclusive);
+        return *choice;
     }
 
     static void addToChoice(QActionGroup& choice, QAction& action, bool isChosen) {

@@ -26,7 +26,7 @@ public:
     JsonValue operator[](std::string_view key) const&& = delete;
     /// A member that may be missing.
     [[nodiscard]] std::optional<JsonValue> member(std::string_view key) const&;
-    std::optional<JsonValue> member(std::string_view key) const&& = delete;
+    [[nodiscard]] std::optional<JsonValue> member(std::string_view key) const&& = delete;
     [[nodiscard]] std::vector<JsonValue> elements() const;
     /// The members of an object in their order.
     [[nodiscard]] std::vector<JsonValue> members() const;
