@@ -66,6 +66,12 @@ def binary(name):
     return path
 
 
+def is_sanitized():
+    """Whether the programs were built with the address sanitizer."""
+    with open(binary("kelmar-widgets-extension"), "rb") as program:
+        return b"__asan_init" in program.read()
+
+
 class Session:
     """Use as `session = Session(); test.addCleanup(session.end)`, then `start()`."""
 

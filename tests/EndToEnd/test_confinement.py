@@ -12,7 +12,7 @@ import zoneinfo
 
 from planner import PlannerFolder, item, snapshot, tick_name
 from processes import GIVE_UP_TIME
-from session import Session, binary
+from session import Session, binary, is_sanitized
 
 EX_SOFTWARE, EX_TEMPFAIL = 70, 75
 MEMORY_LIMIT = 512 << 20
@@ -88,11 +88,6 @@ def texts(view):
     if isinstance(view, list):
         return [text for value in view for text in texts(value)]
     return []
-
-
-def is_sanitized():
-    with open(binary("kelmar-widgets-extension"), "rb") as program:
-        return b"__asan_init" in program.read()
 
 
 class Confinement(unittest.TestCase):
