@@ -109,16 +109,16 @@ class RunOutTest(StudyTimerTest):
         self.session.register_recording_planner()
         self.folder.publish(self.session_of(3600))
         self.widget.start()
-        self.folder.publish(self.session_of(10))
-        end = self.folder.published()["timer"]["endAt"]
         self.widget.wait_for_ticking()
-        before_end = self.widget.picture()
+        running = self.widget.picture()
+        self.folder.publish(self.session_of(10))
         published = self.folder.published()
+        end = published["timer"]["endAt"]
 
         self.widget.wait_for_files(INSIDE, now=end + 1)
         self.assertEqual(self.folder.published(), published)
         self.assertGreaterEqual(time.time(), end)
-        self.assertNotEqual(self.widget.picture().part(*BUTTONS), before_end.part(*BUTTONS))
+        self.assertNotEqual(self.widget.picture().part(*BUTTONS), running.part(*BUTTONS))
         self.assertEqual(self.session.opened_urls(), [])
 
 
