@@ -314,7 +314,7 @@ class TroubleTest(ArrangementTest):
         process = self.probe.start_widgets()
         x, y = self.probe.place()
         self.session.drag((x + 100, y + 200), (x - 200, y + 300))
-        wait_until(lambda: self.probe.place() != (x, y), "the widget to move")
+        wait_until(lambda: self.probe.place() == (600, 120), "the widget to lie where it was left")
         self.end(process)
         log = self.session.processes.log_of("kelmar-widgets").splitlines()
         self.assertEqual(sum("could not be saved" in line for line in log), 1, log)

@@ -215,7 +215,7 @@ class PlaceTest(WindowTest):
         self.probe.start_widgets()
         x, y = self.probe.place()
         self.session.drag((x + BUTTON[0], y + BUTTON[1]), (x - 200, y + 100))
-        wait_until(lambda: self.probe.place() != (x, y), "the widget to move")
+        wait_until(lambda: self.probe.place() == (664, 80), "the widget to lie where it was left")
         self.probe.click(TOGGLE)
         wait_until(lambda: self.probe.requests("intent/perform"), "the later press to arrive")
         self.assertEqual([request["intent"]["name"]
