@@ -1,13 +1,19 @@
 #include "Desktop/SettingsFollower.h"
 
-#include "System/LocaleTexts.h"
+#include <QLocale>
+
+#include "System/EnvironmentLocale.h"
 #include "System/Localization.h"
 
 namespace kelmar::desktop {
 
 layout::Direction writingDirection() {
-    return system::isRightToLeft("") ? layout::Direction::rightToLeft
-                                     : layout::Direction::leftToRight;
+    // Qt's answer, not ICU's: of that the host needs nothing else as a rule, and it takes half a
+    // megabyte to ask.
+    const auto localeId = system::environmentLocaleId("LC_TIME");
+    const QLocale locale(QString::fromStdString(localeId.value_or("en_US")));
+    return locale.textDirection() == Qt::RightToLeft ? layout::Direction::rightToLeft
+                                                     : layout::Direction::leftToRight;
 }
 
 SettingsFollower::SettingsFollower(host::WidgetHost& host, host::Log& log)

@@ -6,6 +6,7 @@
 #include <libintl.h>
 #include <system_error>
 
+#include "System/EnvironmentLocale.h"
 #include "System/IcuLocale.h"
 
 namespace kelmar::system {
