@@ -103,11 +103,11 @@ void Desktop::putUnknownAside() {
 }
 
 void Desktop::bringKnownBack() {
-    const auto known = std::ranges::partition(notOffered_, [this](const WidgetPlace& place) {
-        return !presentation_.isOffered(place.kind);
-    });
-    const std::vector<WidgetPlace> back(known.begin(), known.end());
-    notOffered_.erase(known.begin(), known.end());
+    const auto known = std::partition(
+        notOffered_.begin(), notOffered_.end(),
+        [this](const WidgetPlace& place) { return !presentation_.isOffered(place.kind); });
+    const std::vector<WidgetPlace> back(known, notOffered_.end());
+    notOffered_.erase(known, notOffered_.end());
     widgets_.add(back);
 }
 

@@ -23,7 +23,7 @@ Family readFamily(const JsonValue& json) {
     if (const auto family = familyNamed(name)) {
         return *family;
     }
-    json.refuse("\"systemSmall\", \"systemMedium\" or \"systemLarge\"");
+    json.refuse(R"("systemSmall", "systemMedium" or "systemLarge")");
 }
 
 /// Only the family must be said: the rest has a usual value.
@@ -37,7 +37,7 @@ Environment readEnvironment(const JsonValue& json) {
     if (const auto mode = json.member("renderingMode")) {
         const auto named = renderingModeNamed(mode->text());
         if (!named) {
-            mode->refuse("\"fullColor\", \"accented\" or \"vibrant\"");
+            mode->refuse(R"("fullColor", "accented" or "vibrant")");
         }
         environment.renderingMode = *named;
     }
@@ -126,7 +126,7 @@ Response readResponse(const JsonValue& message) {
     return {.id = readAnswerId(message), .outcome = result->json()};
 }
 
-InvalidLine invalid(ErrorCode code, const std::optional<MessageId>& id, std::string reason) {
+InvalidLine invalid(ErrorCode code, const std::optional<MessageId>& id, const std::string& reason) {
     return {
         .reason = reason,
         .answer = Response{.id = id, .outcome = ResponseError{.code = code, .message = reason}}};
@@ -181,7 +181,7 @@ ReloadPolicy readPolicy(const JsonValue& json) {
         return ReloadAfter{system::Date::since1970(json["after"].number())};
     }
     if (json.text() != neverPolicy) {
-        json.refuse("\"never\" or an object with \"after\"");
+        json.refuse(R"("never" or an object with "after")");
     }
     return ReloadNever{};
 }
