@@ -44,10 +44,16 @@ void ExtensionClient::proceed() {
             ExtensionSession::Parts{parts_.launcher, parts_.urlGate, parts_.timers, parts_.log,
                                     parts_.limits, parts_.name, parts_.systemVersion});
     }
-    while (session_->isReady() && !waiting_.empty()) {
+    while (!waiting_.empty() && maySend(waiting_.front())) {
         session_->send(std::move(waiting_.front()));
         waiting_.pop_front();
     }
+}
+
+/// Who asks with lasting patience asks again when it comes to nothing, and need not wait until the
+/// extension has introduced itself: it reads one after the other.
+bool ExtensionClient::maySend(const ExtensionRequest& request) const {
+    return session_->isReady() || request.patience == Patience::lasting;
 }
 
 /// Ends the process if its program was updated, or what it knows of the machine is out of date.

@@ -54,6 +54,7 @@ private:
     void sessionFailed(const std::string& how) override;
 
     void proceed();
+    [[nodiscard]] bool maySend(const ExtensionRequest& request) const;
     [[nodiscard]] bool makeWayForUpdate();
     void retire();
     void retry();

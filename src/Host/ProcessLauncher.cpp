@@ -33,11 +33,13 @@ public:
           listener_(&listener),
           limits_(limits),
           log_(log) {
-        connect(&process_, &QProcess::readyReadStandardOutput, this, &Child::readOutput);
-        connect(&process_, &QProcess::readyReadStandardError, this, &Child::readErrors);
-        connect(&process_, &QProcess::finished, this, &Child::finish);
-        // Queued: a start may fail at once, and nobody expects to hear of a process before having
-        // it.
+        // All queued: a start may fail at once, and nobody expects to hear of a process before
+        // having it, nor of what it says while writing to it.
+        connect(&process_, &QProcess::readyReadStandardOutput, this, &Child::readOutput,
+                Qt::QueuedConnection);
+        connect(&process_, &QProcess::readyReadStandardError, this, &Child::readErrors,
+                Qt::QueuedConnection);
+        connect(&process_, &QProcess::finished, this, &Child::finish, Qt::QueuedConnection);
         connect(
             &process_, &QProcess::errorOccurred, this,
             [this](QProcess::ProcessError error) {
@@ -59,6 +61,9 @@ public:
     void write(std::string_view line) {
         process_.write(line.data(), static_cast<qint64>(line.size()));
         process_.write("\n", 1);
+        // At once, as far as the pipe has room: a busy event loop comes to it late, and the
+        // extension could be at work meanwhile.
+        process_.waitForBytesWritten(0);
     }
 
     void end(Ending ending) {
