@@ -364,7 +364,7 @@ def main():
         publish(planner, running=False)
         measure_growth(session, screen)
     finally:
-        session.end()
+        session.end(reports=False)
 
 
 if __name__ == "__main__":

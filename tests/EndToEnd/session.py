@@ -105,15 +105,17 @@ class Session:
                              self.environment)
         wait_until(self._has_accessibility_bus, "the accessibility bus")
 
-    def end(self):
-        """Tells as well what was to be seen and what the programs have said, which ctest shows of
-        tests that fail."""
+    def end(self, reports=True):
+        """Reports what was to be seen and what the programs have said: ctest shows it of tests that
+        fail."""
         if self.screen:
-            print("Windows:", *(window for window in self.screen.windows() if window.name),
-                  sep="\n  ")
+            if reports:
+                print("Windows:", *(window for window in self.screen.windows() if window.name),
+                      sep="\n  ")
             self.screen.close()
         self.processes.end_all()
-        print(*self.processes.logs(), sep="\n")
+        if reports:
+            print(*self.processes.logs(), sep="\n")
         shutil.rmtree(self.folder, ignore_errors=True)
 
     # Home folder -----------------------------------------------------------------------------
