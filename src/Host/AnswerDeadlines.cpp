@@ -23,6 +23,13 @@ void AnswerDeadlines::answered(RequestNumber number) {
     arm();
 }
 
+void AnswerDeadlines::beginAnew() {
+    for (auto& [number, deadline] : deadlines_) {
+        deadline = counted() + limit_;
+    }
+    arm();
+}
+
 void AnswerDeadlines::suspend() {
     countedBefore_ = counted();
     isSuspended_ = true;

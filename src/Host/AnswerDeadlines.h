@@ -23,6 +23,8 @@ public:
 
     void sent(RequestNumber number);
     void answered(RequestNumber number);
+    /// All that are outstanding have their whole time again.
+    void beginAnew();
     void suspend();
     void resume();
 

@@ -159,6 +159,8 @@ void ExtensionSession::introduce(const kit::Response& response) {
         return;
     }
     isReady_ = true;
+    // Its start is not to be counted against what was asked before it was there.
+    deadlines_.beginAnew();
     owner_.sessionReady(*std::move(bundle));
 }
 

@@ -72,6 +72,16 @@ TEST_F(ExtensionClientTest, InitializesBeforeEverythingElse) {
     EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("a"));
 }
 
+TEST_F(ExtensionClientTest, ASlowStartIsNotCountedAgainstWhatWasAskedBefore) {
+    ask("a");
+    timers_.advance(4s);
+    launcher_.last().introduce(bundle);
+    timers_.advance(4s);
+    EXPECT_THAT(log_.lines, IsEmpty());
+    timers_.advance(1s);
+    EXPECT_THAT(log_.lines, ElementsAre(HasSubstr("did not answer for the value of a within 5 s")));
+}
+
 TEST_F(ExtensionClientTest, OnlyWhoAsksAgainAsksBeforeTheExtensionHasIntroducedItself) {
     ask("a");
     ask("press", Patience::brief);
