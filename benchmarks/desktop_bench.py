@@ -1,17 +1,21 @@
 #!/usr/bin/env python3
 """The whole program on a desktop, beside a bare Qt program with four plain windows and beside four
-windows of conky, all in one run: start, memory, wakeups, and from a press to the new picture.
+windows of conky, all in one run: start, memory, wakeups, from a press to the new picture, and what
+is left of memory after many reloads, galleries and days.
 
 Usage: desktop_bench.py BUILD_FOLDER [SECONDS]; SECONDS is how long wakeups are counted, 60 if absent.
 """
 
 import ctypes
+import json
 import mmap
 import os
+import signal
 import statistics
 import subprocess
 import sys
 import time
+from types import SimpleNamespace
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 BUILD = os.path.abspath(sys.argv[1])
@@ -25,6 +29,8 @@ from session import Session, binary  # noqa: E402
 
 STARTS = 15
 PRESSES = 40
+DAYS = 30
+MONTH_SECONDS = 60
 
 # Colours that nothing else on the screen has, one for each widget.
 DUE_COLOR = "#d0104f"
@@ -188,14 +194,14 @@ def start_time(session, screen, program):
 
 
 def memory(processes):
-    """Kilobytes resident, proportional and private, of all processes together."""
-    sums = {"Rss": 0, "Pss": 0, "Private": 0}
+    """Kilobytes resident, proportional, private, and of no file, of all processes together."""
+    sums = {"Rss": 0, "Pss": 0, "Private": 0, "Anonymous": 0}
     for process in processes:
         with open(f"/proc/{process.pid}/smaps_rollup", encoding="ascii") as file:
             for line in file:
                 key = line.split(":")[0].split("_")[0]
                 if key in sums and line.split(":")[0] in ("Rss", "Pss", "Private_Clean",
-                                                          "Private_Dirty"):
+                                                          "Private_Dirty", "Anonymous"):
                     sums[key] += int(line.split()[1])
     return sums
 
@@ -236,7 +242,7 @@ def measure_start(session, screen):
 
 
 def measure_memory(session, screen):
-    print("Memory at rest, MB: resident, proportional, private")
+    print("Memory at rest, MB: resident, proportional, private, of no file")
     bare = None
     for program in (Bare, Host, Conky):
         forget_arrangement(session)
@@ -333,7 +339,7 @@ def reload_all(session):
 
 
 def measure_growth(session, screen):
-    print("Private memory in kB, before and after")
+    print("Memory of its own in kB, before and after")
     forget_arrangement(session)
     processes = Host.start(session)
     wait_for_colors(screen, Host.colors)
@@ -343,13 +349,40 @@ def measure_growth(session, screen):
         for _ in range(10):
             step(session)
         wait_until_idle(processes)
-        before = memory(processes)["Private"]
+        before = memory(processes)["Anonymous"]
         for _ in range(count):
             step(session)
         wait_until_idle(processes)
-        after = memory(processes)["Private"]
+        after = memory(processes)["Anonymous"]
         row(name, before, after, f"{after - before:+}")
     end(session, processes)
+
+
+def last_reload(session):
+    """When the extension was last asked for the list, by the widgets' own clock."""
+    answer = subprocess.run([binary("kelmar-widgetctl"), "explain", "DueToday", "--json"],
+                            env=session.environment, check=True, stdout=subprocess.PIPE)
+    return json.loads(answer.stdout)[0]["widgets"][0]["lastReload"]["began"]
+
+
+def measure_month(session):
+    """A month of midnights, which takes a minute by another clock before all programs."""
+    forget_arrangement(session)
+    rate = DAYS * 86400 // MONTH_SECONDS
+    process = session.processes.start(
+        "faketime", ["faketime", "--exclude-monotonic", "-f", f"+0 x{rate}",
+                     binary("kelmar-widgets")], session.environment)
+    wait_until(lambda: session.windows_named("Due Today"), "the widgets")
+    host = SimpleNamespace(pid=children_of(process.pid)[0])
+    # The first days fill caches.
+    time.sleep(MONTH_SECONDS / 6)
+    before, began = memory([host])["Anonymous"], last_reload(session)
+    time.sleep(MONTH_SECONDS)
+    after, ended = memory([host])["Anonymous"], last_reload(session)
+    row(f"{(ended - began) / 86400:.0f} days with their midnights", before, after,
+        f"{after - before:+}")
+    os.kill(host.pid, signal.SIGTERM)
+    process.wait()
 
 
 def main():
@@ -363,6 +396,7 @@ def main():
         measure_wakeups(session, screen, planner)
         publish(planner, running=False)
         measure_growth(session, screen)
+        measure_month(session)
     finally:
         session.end(reports=False)
 
