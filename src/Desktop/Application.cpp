@@ -1,6 +1,7 @@
 #include "Desktop/Application.h"
 
 #include <QApplication>
+#include <QPixmapCache>
 #include <QTimer>
 #include <cstdlib>
 #include <string_view>
@@ -28,6 +29,9 @@ namespace kelmar::desktop {
 namespace {
 
 constexpr int failureStatus = 1;
+/// In kilobytes. Qt's style keeps every piece of a menu or scroll bar that it has drawn, by colours
+/// that are new to it with each window: its own limit is 10 MB.
+constexpr int styleCacheLimit = 256;
 /// How long a picture waits for the extension, in milliseconds.
 constexpr int pictureDeadline = 10'000;
 
@@ -83,6 +87,7 @@ void tellWhatIsMissing(const Compositor& compositor, host::Log& log) {
 
 int showDesktop(Ground& ground, const Options& options, const QDBusConnection& bus,
                 const paint::FontSearch& fontSearch, host::Log& log) {
+    QPixmapCache::setCacheLimit(styleCacheLimit);
     const SettingsFollower follower(ground.host, log);
     const system::GettextLocalization texts("", system::catalogueFolder());
     setMenuDirection(ground.direction);
