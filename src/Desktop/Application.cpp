@@ -227,7 +227,18 @@ int runDesktop(int argc, char** argv) {
     const QDBusConnection bus = options.pictureFile ? QDBusConnection(QString()) : sessionBus();
     if (!options.pictureFile && claimInstance(bus, log) == Instance::later) {
         // At login the planner's message may have been quicker: nobody has asked for a gallery.
-        return options.onlyIfArranged ? 0 : showGalleryOfFirst(bus, log);
+        if (options.onlyIfArranged) {
+            return 0;
+        }
+        const std::optional<int> status = showGalleryOfFirst(bus, log);
+        if (status) {
+            return *status;
+        }
+        if (claimInstance(bus, log) == Instance::later) {
+            log.write(host::LogLevel::error,
+                      "The widgets are on the desktop already, but their program does not answer.");
+            return failureStatus;
+        }
     }
     const auto extensionFile = host::readExtensionFile(
         options.keyFile.empty() ? installedKeyFile() : options.keyFile, system::homeFolder());

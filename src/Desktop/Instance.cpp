@@ -30,9 +30,13 @@ Instance claimInstance(const QDBusConnection& bus, host::Log& log) {
                                                                          : Instance::later;
 }
 
-int showGalleryOfFirst(const QDBusConnection& bus, host::Log& log) {
+std::optional<int> showGalleryOfFirst(const QDBusConnection& bus, host::Log& log) {
     const QDBusMessage answer = bus.call(QDBusMessage::createMethodCall(
         bus::serviceName, bus::objectPath, bus::interfaceName, "ShowGallery"));
+    const QDBusError::ErrorType error = QDBusError(answer).type();
+    if (error == QDBusError::ServiceUnknown || error == QDBusError::NoReply) {
+        return std::nullopt;
+    }
     if (answer.type() == QDBusMessage::ErrorMessage) {
         log.write(host::LogLevel::error,
                   "The widgets are on the desktop already, but their program does not show the "

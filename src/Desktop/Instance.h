@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <optional>
 
 #include "Host/Log.h"
 
@@ -15,7 +16,8 @@ enum class Instance {
 /// Takes the host's name on the bus. It is given up with the process.
 [[nodiscard]] Instance claimInstance(const QDBusConnection& bus, host::Log& log);
 
-/// Has the first instance show its gallery; returns the exit status of this one.
-[[nodiscard]] int showGalleryOfFirst(const QDBusConnection& bus, host::Log& log);
+/// Has the first instance show its gallery; returns the exit status of this one, or nothing if the
+/// first was gone already, as just after a crash: its place is free then.
+[[nodiscard]] std::optional<int> showGalleryOfFirst(const QDBusConnection& bus, host::Log& log);
 
 }  // namespace kelmar::desktop

@@ -31,7 +31,7 @@ struct OwnParts {
 
 class WidgetHost::State {
 public:
-    State(WidgetHost& host, ExtensionFile extensionFile, const HostParts& parts);
+    State(WidgetHost& host, ExtensionFile extensionFile, HostParts parts);
     ~State();
     State(const State&) = delete;
     State& operator=(const State&) = delete;
@@ -63,10 +63,10 @@ private:
     ReloadRequests reloadRequests_;
 };
 
-WidgetHost::State::State(WidgetHost& host, ExtensionFile extensionFile, const HostParts& parts)
+WidgetHost::State::State(WidgetHost& host, ExtensionFile extensionFile, HostParts parts)
     : host_(host),
       extensionFile_(std::move(extensionFile)),
-      parts_(parts),
+      parts_(std::move(parts)),
       urlGate_(parts_.urlOpener, extensionFile_.urlScheme),
       client_({parts_.launcher, urlGate_, parts_.timers, parts_.log, parts_.limits,
                nameOf(extensionFile_), parts_.systemVersion},

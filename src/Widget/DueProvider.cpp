@@ -15,7 +15,7 @@ DueEntry DueProvider::sampleEntry(system::Date now) const {
 
 /// What was ticked off here disappears at once, though the planner has not rewritten its file.
 Snapshot DueProvider::loadWithoutPending() const {
-    const Snapshot data = loadSnapshot(surroundings_);
+    Snapshot data = loadSnapshot(surroundings_);
     if (!data) {
         return nullptr;
     }

@@ -44,7 +44,7 @@ std::strong_ordering operator<=>(const SystemVersion& first, const SystemVersion
         first.numbers_.begin(), first.numbers_.end(), second.numbers_.begin(),
         second.numbers_.end(), [](const std::string& one, const std::string& other) {
             const auto bySize = one.size() <=> other.size();
-            return bySize != 0 ? bySize : one <=> other;
+            return std::is_neq(bySize) ? bySize : one <=> other;
         });
 }
 

@@ -37,7 +37,7 @@ PlannerFolders findFolders() {
 }
 
 system::Confinement confine(const PlannerFolders& folders, const std::string& catalogueFolder) {
-    const auto confinement = system::Confinement::enter(
+    auto confinement = system::Confinement::enter(
         {.readable = {folders.planner, catalogueFolder}, .writable = {folders.ticked}});
     for (const std::string& gap : confinement.gaps())
         std::cerr << "kelmar-widgets-extension: not confined in full: " + gap + '\n';

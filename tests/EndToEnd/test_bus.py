@@ -33,6 +33,26 @@ BLUE = (0, 0, 255)
 ORANGE = (255, 128, 0)
 
 
+# An instance as it is found just after a crash: it still has the name, and never answers.
+DYING_FIRST = """
+import os, sys
+import dbus, dbus.mainloop.glib, dbus.service
+from gi.repository import GLib
+name, path = sys.argv[1:]
+dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
+bus = dbus.SessionBus()
+class First(dbus.service.Object):
+    @dbus.service.method(name)
+    def ShowGallery(self):
+        print("is asked", file=sys.stderr, flush=True)
+        os._exit(0)
+first = First(bus, path)
+held = dbus.service.BusName(name, bus, do_not_queue=True)
+print("holds the name", file=sys.stderr, flush=True)
+GLib.MainLoop().run()
+"""
+
+
 class BusTest(unittest.TestCase):
     def setUp(self):
         self.session = Session()
@@ -114,6 +134,18 @@ class ProbeOnBusTest(BusTest):
         self.assertIsNone(self.process.poll())
         self.assertEqual(len(self.session.windows_named("Probe")), 1)
         wait_until(lambda: self.session.windows_named("Add widgets"), "the gallery")
+
+    def test_place_of_a_first_that_dies_while_it_is_asked_is_taken(self):
+        self.session.processes.end(self.process)
+        self.session.processes.start(
+            "dying-first", [SYSTEM_PYTHON, "-c", DYING_FIRST, NAME, PATH],
+            self.session.environment)
+        wait_until(lambda: "holds the name" in self.session.processes.log_of("dying-first"),
+                   "the name to be taken")
+        self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        self.assertIn("is asked", self.session.processes.log_of("dying-first"))
+        self.assertEqual(self.call("ReloadAllTimelines").returncode, 0)
 
     def test_name_is_free_again_when_the_first_has_ended(self):
         self.session.processes.end(self.process)
