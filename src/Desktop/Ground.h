@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "Desktop/ActivationToken.h"
+#include "Desktop/SettingsFollower.h"
+#include "Host/GioUrlOpener.h"
+#include "Host/Log.h"
+#include "Host/WidgetHost.h"
+#include "Layout/Layout.h"
+#include "Paint/FontSearch.h"
+#include "System/Clock.h"
+
+namespace kelmar::desktop {
+
+/// Everything that both the desktop and its picture stand on.
+struct Ground {
+    /// All but the texts must outlive it.
+    Ground(const host::ExtensionFile& extensionFile, const std::string& systemVersion,
+           const paint::FontSearch& fonts, host::Log& messages)
+        : fontSearch(fonts), log(messages), host(extensionFile, urlOpener, clock, systemVersion) {}
+
+    const paint::FontSearch& fontSearch;
+    host::Log& log;
+    system::SystemClock clock;
+    host::GioUrlOpener urlOpener{makeActivationToken};
+    host::WidgetHost host;
+    layout::Direction direction = writingDirection();
+};
+
+}  // namespace kelmar::desktop
