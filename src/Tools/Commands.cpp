@@ -156,7 +156,7 @@ const widget::BundledWidget& widgetOf(const Stage& stage, const Options& options
             fmt::format("there is no widget \"{}\"; there are {}", options.kind, known));
     }
     if (std::ranges::count(widget->descriptor.families, options.family) == 0) {
-        throw UsageError(fmt::format("the widget \"{}\" has no family \"{}\"", options.kind,
+        throw UsageError(fmt::format(R"(the widget "{}" has no family "{}")", options.kind,
                                      kit::nameOf(options.family)));
     }
     return *widget;

@@ -89,12 +89,12 @@ private:
     static std::string described(const kit::Intent& intent) {
         std::string text = intent.name;
         for (const auto& [name, value] : intent.parameters) {
-            text += std::visit(
-                kit::Match{
-                    [&](const std::string& word) { return fmt::format(" {}=\"{}\"", name, word); },
-                    [&](bool truth) { return fmt::format(" {}={}", name, truth); },
-                    [&](std::int64_t number) { return fmt::format(" {}={}", name, number); }},
-                value);
+            text +=
+                " " + name + "=" +
+                std::visit(kit::Match{[](const std::string& word) { return '"' + word + '"'; },
+                                      [](bool truth) { return fmt::format("{}", truth); },
+                                      [](std::int64_t number) { return std::to_string(number); }},
+                           value);
         }
         return text;
     }
