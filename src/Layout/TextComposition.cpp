@@ -15,6 +15,24 @@ constexpr double leastScale = 0.01;
 /// A height that was meant for so many lines allows them in spite of rounding errors.
 constexpr double tolerance = 0.01;
 
+/// In code points. A widget as large as they come, full of small letters, shows fewer.
+constexpr std::size_t mostCharacters = 4'000;
+
+/// As much of a text as any widget has room for. What lines it makes is asked again and again, each
+/// time for all of it, and a stranger's text may be of any length.
+std::string showable(const std::string& text) {
+    const auto isBeginning = [](char byte) {
+        return (static_cast<unsigned char>(byte) & 0xc0U) != 0x80U;
+    };
+    std::size_t characters = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (isBeginning(text[at]) && ++characters > mostCharacters) {
+            return text.substr(0, at).append("…");
+        }
+    }
+    return text;
+}
+
 bool isLimitedToOneLine(const kit::Text& text) {
     return text.lineLimit && *text.lineLimit <= 1;
 }
@@ -38,8 +56,9 @@ std::size_t allowedLines(const kit::Text& text, const Length& height, double lin
 }  // namespace
 
 LineBreaking lineBreaking(const kit::Text& text, const TextMeasurer& measurer) {
-    return {isLimitedToOneLine(text) ? onOneLine(text.text) : withoutTabs(text.text),
-            usable(text.font), measurer};
+    const std::string shown = showable(text.text);
+    return {isLimitedToOneLine(text) ? onOneLine(shown) : withoutTabs(shown), usable(text.font),
+            measurer};
 }
 
 ComposedText compose(const kit::Text& text, const LineBreaking& breaking,

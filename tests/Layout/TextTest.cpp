@@ -21,6 +21,24 @@ ComposedText composed(const kit::Text& text, Size offer) {
     return composed(text, Proposal::exactly(offer));
 }
 
+TEST(Text, BeyondWhatAnyWidgetShowsCostsNothingMore) {
+    const auto questions = [](const std::string& piece, std::size_t count) {
+        std::string text;
+        for (std::size_t times = 0; times < count; ++times) {
+            text += piece;
+        }
+        const testing::FixedWidthMeasurer measurer;
+        const kit::Text longText = words(text);
+        const ComposedText all =
+            compose(longText, lineBreaking(longText, measurer),
+                    {.width = Length::definite(100), .height = Length::unspecified()});
+        EXPECT_TRUE(all.lines.back().text.ends_with("…"));
+        return measurer.questions();
+    };
+    EXPECT_EQ(questions("x", 5'000), questions("x", 200'000));
+    EXPECT_EQ(questions("\u0301", 5'000), questions("\u0301", 200'000));
+}
+
 TEST(Text, TakesItsIdealWidthOfAWiderRoom) {
     EXPECT_EQ(sizeOf(words("Essay"), {100, 100}), (Size{25, 12}));
 }
