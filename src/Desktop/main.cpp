@@ -1,4 +1,6 @@
+#include <fcntl.h>
 #include <malloc.h>
+#include <unistd.h>
 
 #include "Desktop/Application.h"
 
@@ -12,7 +14,20 @@ static void keepHeapSmall() {
     mallopt(M_TRIM_THRESHOLD, keptAtTheEnd);
 }
 
+/// Whoever starts the program may have closed a standard stream. What is opened next, be it the
+/// connection to the X server, would have its number and get what is meant for the log.
+static void openStandardStreams() {
+    int descriptor = 0;
+    do {
+        descriptor = open("/dev/null", O_RDWR);
+    } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
+    if (descriptor >= 0) {
+        close(descriptor);
+    }
+}
+
 int main(int argc, char** argv) {
+    openStandardStreams();
     keepHeapSmall();
     return kelmar::desktop::runDesktop(argc, argv);
 }

@@ -21,7 +21,7 @@ public:
 enum class LevelPrefix { absent, present };
 
 /// Writes to a stream, one line each: what an extension said is text of a stranger, so control
-/// characters are replaced and long texts are cut.
+/// characters are replaced and long texts cut. A line that would wait for its reader is lost.
 class StreamLog final : public Log {
 public:
     StreamLog(std::FILE* stream, LevelPrefix prefix) : stream_(stream), prefix_(prefix) {}
