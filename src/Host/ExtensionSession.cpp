@@ -86,6 +86,10 @@ void ExtensionSession::overlongLineCame() {
 }
 
 void ExtensionSession::errorLineCame(std::string_view line) {
+    // A program says its name by itself where it is used to being started by hand.
+    if (line.starts_with(parts_.name + ": ")) {
+        line.remove_prefix(parts_.name.size() + 2);
+    }
     switch (errorLines_.admit(parts_.timers.elapsed())) {
         case Throttle::Verdict::pass:
             parts_.log.write(LogLevel::notice, fmt::format("{}: {}", parts_.name, line));

@@ -515,6 +515,12 @@ TEST_F(ExtensionClientTest, LogsItsStandardErrorButNoFloodOfIt) {
     EXPECT_EQ(log_.lines.back(), "clock-extension: later");
 }
 
+TEST_F(ExtensionClientTest, SaysTheNameOnceThatAnErrorLineBeginsWith) {
+    auto& process = ready();
+    process.listener->errorLineCame("clock-extension: not enough memory");
+    EXPECT_EQ(log_.lines.back(), "clock-extension: not enough memory");
+}
+
 TEST_F(ExtensionClientTest, EndsItsProcessWithItself) {
     FakeLauncher launcher;
     {
