@@ -3,6 +3,7 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <fmt/format.h>
 #include <sys/inotify.h>
@@ -24,6 +25,10 @@ bool isFolder(const std::filesystem::path& path) {
     return std::filesystem::is_directory(path, error);
 }
 
+bool mayBeRead(const std::filesystem::path& folder) {
+    return faccessat(AT_FDCWD, folder.c_str(), R_OK, AT_EACCESS) == 0;
+}
+
 /// The nearest folder that is there awaits the next step towards the file; those above it matter
 /// only in that they may be moved or deleted.
 void planFile(const std::filesystem::path& file, InotifyFileWatch::Plan& plan) {
@@ -34,6 +39,12 @@ void planFile(const std::filesystem::path& file, InotifyFileWatch::Plan& plan) {
     auto& place = plan[step.parent_path()];
     place.events |= folderWentAway | (step == file ? entryChanged : entryCame);
     place.names.insert(step.filename());
+    // What may not be read cannot be watched either; the folder above tells when that changes.
+    if (const auto nearest = step.parent_path(); !mayBeRead(nearest)) {
+        auto& above = plan[nearest.parent_path()];
+        above.events |= IN_ATTRIB;
+        above.names.insert(nearest.filename());
+    }
     for (auto folder = step.parent_path(); folder != folder.parent_path();) {
         folder = folder.parent_path();
         plan[folder].events |= folderWentAway;

@@ -1,6 +1,7 @@
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "Host/InotifyFileWatch.h"
 #include "tests/Host/EventLoop.h"
@@ -51,6 +52,45 @@ TEST_F(InotifyFileWatchTest, TellsAFileThatAppearsInFoldersThatWereNotThere) {
     EXPECT_TRUE(isTold());
     writeText(file_, "two");
     EXPECT_TRUE(isTold());
+}
+
+/// Root may read everything, so a test of what may not be read is run as somebody else.
+class AsNobody {
+public:
+    explicit AsNobody(const std::vector<fs::path>& owned) : wasRoot_(geteuid() == 0) {
+        constexpr uid_t nobody = 65'534;
+        if (wasRoot_) {
+            for (const auto& path : owned) {
+                EXPECT_EQ(chown(path.c_str(), nobody, nobody), 0);
+            }
+            EXPECT_EQ(seteuid(nobody), 0);
+        }
+    }
+    ~AsNobody() {
+        if (wasRoot_) {
+            EXPECT_EQ(seteuid(0), 0);
+        }
+    }
+    AsNobody(const AsNobody&) = delete;
+    AsNobody& operator=(const AsNobody&) = delete;
+
+private:
+    const bool wasRoot_;
+};
+
+TEST_F(InotifyFileWatchTest, TellsAFileInAFolderThatMayBeReadAgain) {
+    makeFolders();
+    const fs::path folder = file_.parent_path();
+    const AsNobody nobody({folder_.path(), folder.parent_path(), folder});
+    settle();
+    changes_ = 0;
+    fs::permissions(folder, fs::perms::none);
+    EXPECT_TRUE(isTold());
+    fs::permissions(folder, fs::perms::owner_all);
+    EXPECT_TRUE(isTold());
+    writeText(file_, "one");
+    EXPECT_TRUE(isTold());
+    EXPECT_THAT(log_.lines, testing::ElementsAre(testing::HasSubstr("cannot be watched")));
 }
 
 TEST_F(InotifyFileWatchTest, TellsAFileWhoseFoldersComeOneByOne) {
