@@ -20,6 +20,11 @@ QString freeDamagedPath(const QString& path) {
     return damaged;
 }
 
+/// Opening a FIFO would wait for somebody who writes into it, and a device may never end.
+bool isRegularFile(const QString& path) {
+    return QFileInfo(path).isFile();
+}
+
 }  // namespace
 
 ArrangementFile::ArrangementFile(QString path, host::Log& log)
@@ -32,8 +37,11 @@ QString ArrangementFile::standardPath() {
 
 bool ArrangementFile::isEmpty() const {
     QFile file(path_);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return !file.exists();
+    if (!file.exists()) {
+        return true;
+    }
+    if (!isRegularFile(path_) || !file.open(QIODevice::ReadOnly)) {
+        return false;
     }
     const system::Result<Arrangement> arrangement = decodeArrangement(file.readAll());
     return arrangement && arrangement->widgets.empty();
@@ -42,6 +50,10 @@ bool ArrangementFile::isEmpty() const {
 std::optional<Arrangement> ArrangementFile::load() {
     QFile file(path_);
     if (!file.exists()) {
+        return std::nullopt;
+    }
+    if (!isRegularFile(path_)) {
+        setAside("it is not a regular file");
         return std::nullopt;
     }
     if (!file.open(QIODevice::ReadOnly)) {

@@ -5,6 +5,8 @@
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "Desktop/ArrangementFile.h"
 #include "tests/Desktop/RecordingLog.h"
@@ -54,6 +56,19 @@ TEST_F(ArrangementFileTest, SavedArrangementIsFoundAgain) {
     ArrangementFile(path(), log_).save(oneWidget_);
     EXPECT_EQ(ArrangementFile(path(), log_).load(), oneWidget_);
     EXPECT_EQ(files(), QStringList{"arrangement.json"});
+}
+
+TEST_F(ArrangementFileTest, FifoAndDeviceAreSetAsideAndNotRead) {
+    for (const bool isFifo : {true, false}) {
+        const std::string name = path().toStdString();
+        ASSERT_EQ(isFifo ? mkfifo(name.c_str(), 0600) : symlink("/dev/zero", name.c_str()), 0);
+        ArrangementFile file(path(), log_);
+        EXPECT_FALSE(file.isEmpty());
+        EXPECT_FALSE(file.load());
+        file.save(oneWidget_);
+        EXPECT_EQ(ArrangementFile(path(), log_).load(), oneWidget_);
+        QFile::remove(path());
+    }
 }
 
 TEST_F(ArrangementFileTest, IsEmptyWithoutAFileAndWithoutAWidget) {
