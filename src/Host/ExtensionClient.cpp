@@ -123,6 +123,14 @@ void ExtensionClient::sessionFailed(const std::string& how) {
     }
 }
 
+void ExtensionClient::hastenRetry() {
+    const std::chrono::milliseconds pause = parts_.limits.firstRetry;
+    if (isPausing_ && untilRetry() > pause) {
+        pauseEnds_ = parts_.timers.elapsed() + pause;
+        retryTimer_->start(pause);
+    }
+}
+
 void ExtensionClient::retry() {
     isPausing_ = false;
     proceed();

@@ -46,6 +46,9 @@ public:
     /// Uses another process for all requests from now on: what the running one took from the
     /// machine when it began is out of date. It ends when it has answered what it was asked.
     void replaceProcess() { isOutOfDate_ = session_ != nullptr; }
+    /// What made the extension fail may be gone: cuts a long pause after failures down to the
+    /// shortest. The next failure's is as long as it would have been.
+    void hastenRetry();
 
 private:
     void sessionReady(kit::Bundle bundle) override;

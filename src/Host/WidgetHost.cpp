@@ -83,8 +83,10 @@ WidgetHost::State::State(WidgetHost& host, ExtensionFile extensionFile, HostPart
               controls_.reload(kind);
           },
           [this] { reloadAll(ReloadCause::asked); }) {
-    parts_.fileWatch.watch(extensionFile_.reloadOnChange,
-                           [this] { reloadAll(ReloadCause::fileChanged); });
+    parts_.fileWatch.watch(extensionFile_.reloadOnChange, [this] {
+        client_.hastenRetry();
+        reloadAll(ReloadCause::fileChanged);
+    });
     client_.start();
 }
 

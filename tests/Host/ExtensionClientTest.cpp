@@ -386,6 +386,26 @@ TEST_F(ExtensionClientTest, ThoseInAHurryAreRefusedWhenALongBackOffBeginsWhileTh
     EXPECT_THAT(outcomes_, Contains(HasSubstr("press unavailable")));
 }
 
+TEST_F(ExtensionClientTest, ALongPauseIsCutShortWhenWhatMadeItFailMayBeGone) {
+    ask("a");
+    for (int count = 0; count < 6; ++count) {
+        launcher_.last().die("ended");
+        ask("a");
+        timers_.advance(60s);
+    }
+    const auto starts = launcher_.starts();
+    launcher_.last().die("ended");
+    ask("a");
+    timers_.advance(1s);
+    EXPECT_EQ(launcher_.starts(), starts) << "The pause is a long one";
+    client_.hastenRetry();
+    timers_.advance(999ms);
+    client_.hastenRetry();
+    EXPECT_EQ(launcher_.starts(), starts);
+    timers_.advance(1ms);
+    EXPECT_EQ(launcher_.starts(), starts + 1) << "Asked twice, it is no later";
+}
+
 TEST_F(ExtensionClientTest, OpensUrlsOneAfterTheOtherAndAnswersWhenEachHasCompleted) {
     auto& process = ready();
     process.askToOpen(7, "clock://one");
