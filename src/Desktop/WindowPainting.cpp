@@ -9,16 +9,11 @@ namespace kelmar::desktop {
 namespace {
 
 /// Every part costs a walk through all that the widget shows. A card with its corners cut out is a
-/// region of dozens of strips, which are drawn as one; a digit here and a bar there are not.
+/// region of dozens of strips, which are drawn as one; a countdown here and its bar there are not.
 std::vector<QRect> partsToDraw(const QRegion& region) {
-    const QRect bounds = region.boundingRect();
-    int area = 0;
-    for (const QRect& part : region) {
-        area += part.width() * part.height();
-    }
-    return 2 * area > bounds.width() * bounds.height()
-               ? std::vector<QRect>{bounds}
-               : std::vector<QRect>(region.begin(), region.end());
+    constexpr int few = 8;
+    return region.rectCount() > few ? std::vector<QRect>{region.boundingRect()}
+                                    : std::vector<QRect>(region.begin(), region.end());
 }
 
 }  // namespace
