@@ -3,8 +3,8 @@
 configure_file("${source}/${appId}.service.in" "${binary}/${appId}.service" @ONLY)
 file(INSTALL "${binary}/${appId}.service" DESTINATION "${datadir}/dbus-1/services")
 
-# Sessions look for autostart entries in /etc/xdg (XDG Base Directory Specification), which belongs
-# to /usr; other prefixes have an etc of their own.
+# Sessions look for autostart entries in /etc/xdg (freedesktop.org's XDG Base Directories), which
+# belongs to /usr; other prefixes have an etc of their own.
 set(configuration "${CMAKE_INSTALL_PREFIX}/etc")
 if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
     set(configuration "/etc")

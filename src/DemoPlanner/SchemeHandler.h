@@ -6,8 +6,8 @@
 
 namespace kelmar::demo {
 
-/// The desktop's handler for the planner's URLs, through GIO and a desktop file (Desktop Entry
-/// Specification) in the user's own folder of applications.
+/// The desktop's handler for the planner's URLs, through GIO and a desktop file
+/// (freedesktop.org's Desktop Entry) in the user's own folder of applications.
 
 /// Writes the desktop file and becomes the default handler, unless another program is it already.
 /// The text says what came of it.

@@ -14,8 +14,8 @@ class ArrangementFile {
 public:
     /// `log` must outlive the file.
     ArrangementFile(QString path, host::Log& log);
-    /// kelmar-widgets/arrangement.json in the user's configuration folder (XDG Base Directory
-    /// Specification).
+    /// kelmar-widgets/arrangement.json in the user's configuration folder (freedesktop.org's
+    /// XDG Base Directories).
     [[nodiscard]] static QString standardPath();
 
     /// Whether there is no file, or one without a widget. One that makes no sense may hold some.

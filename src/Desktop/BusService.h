@@ -17,7 +17,7 @@ namespace kelmar::desktop {
 
 /// The running host as other programs of the session see it: answers the interfaces
 /// com.kelmarplanner.Widgets (packaging/com.kelmarplanner.Widgets.xml) and
-/// org.freedesktop.Application (Desktop Entry Specification, D-Bus Activation) at one object.
+/// org.freedesktop.Application (freedesktop.org's Desktop Entry, D-Bus Activation) at one object.
 class BusService final : public QObject {
     Q_OBJECT
 

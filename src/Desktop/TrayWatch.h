@@ -7,9 +7,8 @@
 namespace kelmar::desktop {
 
 /// Waits for a tray to put an icon into, of either kind: one that is spoken with over the session
-/// bus (freedesktop.org's StatusNotifierItem Specification), or one that takes windows in (its
-/// System Tray Protocol Specification). Qt looks for the former only once, so it must not be asked
-/// before.
+/// bus (freedesktop.org's StatusNotifierItem), or one that takes windows in (its System Tray
+/// Protocol). Qt looks for the former only once, so it must not be asked before.
 class TrayWatch final : public QObject {
     Q_OBJECT
 

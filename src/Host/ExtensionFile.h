@@ -7,8 +7,8 @@
 
 namespace kelmar::host {
 
-/// What the host must know of an extension without asking it: a key file (Desktop Entry
-/// Specification syntax) beside the extension's binary.
+/// What the host must know of an extension without asking it: a key file, written as
+/// freedesktop.org's Desktop Entries are, beside the extension's binary.
 ///
 ///     [Extension]
 ///     Exec=kelmar-widgets-extension

@@ -10,7 +10,7 @@
 namespace kelmar::host {
 
 /// Opens URLs with the handler that the desktop has registered for their scheme
-/// (x-scheme-handler/... of the XDG MIME applications specification), through GIO.
+/// (x-scheme-handler/... of freedesktop.org's MIME Applications), through GIO.
 ///
 /// GIO works on a thread of its own here, which sleeps while nothing is opened: looking up a
 /// handler reads files, GIO's completions need a GLib main loop, and Qt has one only where it was
