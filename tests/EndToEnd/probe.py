@@ -3,9 +3,10 @@
 import json
 import os
 import sys
+import unittest
 
 from processes import wait_until
-from session import binary, make_program
+from session import Session, binary, make_program
 
 # The fields' middles, from a widget's top left corner.
 BUTTON = (36, 36)
@@ -126,3 +127,14 @@ class Probe:
     def background(self, field=BESIDE_ALL):
         """The colour now seen beside the fields."""
         return self.part((*field, 1, 1)).pixel(0, 0)
+
+
+class ProbeTest(unittest.TestCase):
+    """With the probe's extension in a session of its own."""
+
+    def setUp(self):
+        self.session = Session()
+        self.addCleanup(self.session.end)
+        self.session.start()
+        self.session.register_recording_planner("probe")
+        self.probe = Probe(self.session)

@@ -3,21 +3,13 @@
 import os
 import unittest
 
-from probe import Probe
+from probe import ProbeTest
 from processes import wait_until
-from session import Session
 
 BLUE = (0, 0, 255)
 
 
-class StreamsTest(unittest.TestCase):
-    def setUp(self):
-        self.session = Session()
-        self.addCleanup(self.session.end)
-        self.session.start()
-        self.session.register_recording_planner("probe")
-        self.probe = Probe(self.session)
-
+class StreamsTest(ProbeTest):
     def check_widgets(self, command, **streams):
         process = self.session.processes.start("kelmar-widgets", command,
                                                self.session.environment, **streams)

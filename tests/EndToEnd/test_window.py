@@ -8,9 +8,9 @@ import time
 import unittest
 
 from picture import Picture
-from probe import BAR, BESIDE_ALL, BUTTON, COUNTDOWN, LINK, SMALL_BESIDE_ALL, TOGGLE, Probe
+from probe import BAR, BESIDE_ALL, BUTTON, COUNTDOWN, LINK, SMALL_BESIDE_ALL, TOGGLE, ProbeTest
 from processes import GIVE_UP_TIME, children_of, context_switches, wait_for_sleep, wait_until
-from session import PLAIN_COLOR, SCREEN_SIZE, WALLPAPER, Session
+from session import PLAIN_COLOR, SCREEN_SIZE, WALLPAPER
 
 BLUE = (0, 0, 255)
 RED = (255, 0, 0)
@@ -18,14 +18,7 @@ ORANGE = (255, 128, 0)
 ARRANGEMENT = ".config/kelmar-widgets/arrangement.json"
 
 
-class WindowTest(unittest.TestCase):
-    def setUp(self):
-        self.session = Session()
-        self.addCleanup(self.session.end)
-        self.session.start()
-        self.session.register_recording_planner("probe")
-        self.probe = Probe(self.session)
-
+class WindowTest(ProbeTest):
     def wait_for_background(self, color, place=BESIDE_ALL):
         wait_until(lambda: self.probe.background(place) == color, f"the background {color}")
 
