@@ -81,7 +81,7 @@ std::vector<DesktopItem> Desktop::items() const {
 }
 
 void Desktop::takeBundle() {
-    if (isFirstStart_) {
+    if (isFirstStart_ && !parts_.host.bundle()->widgets.empty()) {
         isFirstStart_ = false;
         widgets_.add(firstWidgets(*parts_.host.bundle(), currentScreens()));
         save();

@@ -17,8 +17,12 @@ ExtensionClient::ExtensionClient(Parts parts, std::function<void(kit::Bundle)> b
 
 ExtensionClient::~ExtensionClient() = default;
 
-void ExtensionClient::start() {
-    proceed();
+void ExtensionClient::introduce() {
+    isOutOfDate_ = isOutOfDate_ || (session_ && session_->isOutdated());
+    if (!session_ || isOutOfDate_) {
+        isToIntroduceItself_ = true;
+        proceed();
+    }
 }
 
 void ExtensionClient::request(ExtensionRequest request) {
@@ -30,7 +34,7 @@ void ExtensionClient::request(ExtensionRequest request) {
 }
 
 void ExtensionClient::proceed() {
-    if (isPausing_ || (hasBundle_ && waiting_.empty())) {
+    if (isPausing_ || (!isToIntroduceItself_ && waiting_.empty())) {
         return;
     }
     idleTimer_->stop();
@@ -76,7 +80,7 @@ bool ExtensionClient::makeWayForUpdate() {
 }
 
 void ExtensionClient::sessionReady(kit::Bundle bundle) {
-    hasBundle_ = true;
+    isToIntroduceItself_ = isOutOfDate_;
     bundleCame_(std::move(bundle));
     proceed();
 }
@@ -89,7 +93,7 @@ void ExtensionClient::sessionAnswered() {
 }
 
 void ExtensionClient::sessionWentIdle() {
-    if (!waiting_.empty()) {
+    if (!waiting_.empty() || isToIntroduceItself_) {
         proceed();
         return;
     }

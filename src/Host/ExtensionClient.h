@@ -38,8 +38,8 @@ public:
     ExtensionClient(const ExtensionClient&) = delete;
     ExtensionClient& operator=(const ExtensionClient&) = delete;
 
-    /// Has the extension introduce itself, unless it has done so.
-    void start();
+    /// Has the extension introduce itself, unless the process that runs does or has done so.
+    void introduce();
     /// Requests reach the extension in the order in which they are made. `request.answer` runs
     /// exactly once, never within this call, unless the client goes before.
     void request(ExtensionRequest request);
@@ -67,7 +67,7 @@ private:
 
     Parts parts_;
     std::function<void(kit::Bundle)> bundleCame_;
-    bool hasBundle_ = false;
+    bool isToIntroduceItself_ = true;
     bool isOutOfDate_ = false;  ///< Whether the session is to make way for another.
     std::deque<ExtensionRequest> waiting_;
     std::vector<ExtensionRequest> refused_;

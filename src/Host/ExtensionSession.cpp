@@ -162,6 +162,12 @@ void ExtensionSession::introduce(const kit::Response& response) {
         fail("says what it offers in a form that is not understood: " + bundle.failure().reason);
         return;
     }
+    // Taken at its word it might never be asked again: nobody puts on the desktop what nobody
+    // offers.
+    if (*bundle == kit::Bundle{}) {
+        fail("offers no widgets");
+        return;
+    }
     isReady_ = true;
     // Its start is not to be counted against what was asked before it was there.
     deadlines_.beginAnew();

@@ -17,7 +17,7 @@ enum class ReloadCause {
     environment,      ///< Its size or its rendering mode changed.
     policyDate,       ///< The timeline before wished to be replaced now.
     refusedBefore,    ///< The last one that came was refused.
-    fileChanged,      ///< A file that the extension names changed.
+    fileChanged,      ///< A file that the extension names, or its program, changed.
     action,           ///< An action of a widget has run.
     asked,            ///< Another program asked for it.
     clockStepped,     ///< The clock was set, or the machine slept.

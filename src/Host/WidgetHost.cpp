@@ -19,6 +19,13 @@ std::string nameOf(const ExtensionFile& extensionFile) {
     return std::filesystem::path(extensionFile.executable).filename();
 }
 
+/// Another program may have more to offer, and show what is there in another way.
+std::vector<std::string> watchedFiles(const ExtensionFile& extensionFile) {
+    auto files = extensionFile.reloadOnChange;
+    files.push_back(extensionFile.executable);
+    return files;
+}
+
 /// The surroundings that a host has of its own.
 struct OwnParts {
     explicit OwnParts(const ExtensionFile& extensionFile) : parts(extensionFile, log) {}
@@ -79,15 +86,19 @@ WidgetHost::State::State(WidgetHost& host, ExtensionFile extensionFile, HostPart
       reloadRequests_(
           parts_.timers, parts_.limits,
           [this](const std::string& kind) {
+              client_.hastenRetry();
               keeper_.reload(kind, ReloadCause::asked);
               controls_.reload(kind);
           },
-          [this] { reloadAll(ReloadCause::asked); }) {
-    parts_.fileWatch.watch(extensionFile_.reloadOnChange, [this] {
+          [this] {
+              client_.hastenRetry();
+              reloadAll(ReloadCause::asked);
+          }) {
+    parts_.fileWatch.watch(watchedFiles(extensionFile_), [this] {
         client_.hastenRetry();
         reloadAll(ReloadCause::fileChanged);
     });
-    client_.start();
+    client_.introduce();
 }
 
 WidgetHost::State::~State() {
@@ -105,6 +116,8 @@ void WidgetHost::State::takeBundle(kit::Bundle newBundle) {
 void WidgetHost::State::reloadAll(ReloadCause cause) {
     keeper_.reloadAll(cause);
     controls_.reloadAll();
+    // Where nothing is on the desktop this alone may bring something there.
+    client_.introduce();
 }
 
 void WidgetHost::State::perform(const kit::Intent& intent) {

@@ -25,7 +25,7 @@ std::string causeWords(const std::string& cause) {
         {"environment", "its size or colours were changed"},
         {"policyDate", "its timeline wished to be replaced"},
         {"refusedBefore", "the timeline before was refused"},
-        {"fileChanged", "the planner's file changed"},
+        {"fileChanged", "the planner's file or its widgets' program changed"},
         {"action", "an action of a widget had run"},
         {"asked", "another program asked for it"},
         {"clockStepped", "the clock was set, or the machine woke up"},

@@ -68,7 +68,7 @@ TEST_F(ControlEntriesTest, NoControlMeansNoEntryAndNoSeparator) {
     menu_.addAction("Quit");
     const ControlEntries entries(menu_, host_, Qt::black);
     EXPECT_THAT(texts(), ElementsAre("Quit"));
-    process().introduce({});
+    process().introduce();
     EXPECT_THAT(texts(), ElementsAre("Quit"));
     EXPECT_EQ(entries.summary(), "");
 }
@@ -167,7 +167,7 @@ TEST_F(ControlEntriesTest, EntriesGoWithTheControl) {
     process().die("ended");
     host_.reloadControls();
     timers_.advance(host::HostLimits{}.firstRetry);
-    process().introduce({});
+    process().introduce();
     EXPECT_THAT(texts(), ElementsAre("Quit"));
 }
 

@@ -103,6 +103,18 @@ class Probe:
         with open(os.path.join(self.folder, "live"), "w", encoding="ascii") as file:
             file.write("\n".join(things))
 
+    def offer(self, *kinds):
+        """From the next introduction on; at first it is "Probe" alone."""
+        with open(os.path.join(self.folder, "offered"), "w", encoding="ascii") as file:
+            file.write("\n".join(kinds))
+
+    def replace_program(self):
+        """As an update does: a new file that is renamed over the old one."""
+        program = os.path.join(self.folder, "probe-extension")
+        with open(program, encoding="utf-8") as file:
+            make_program(program + ".new", file.read() + "# updated\n")
+        os.replace(program + ".new", program)
+
     def tell_of_change(self):
         """Touches the file that the key file names."""
         self._session.write_in_home("probe-content", "changed")

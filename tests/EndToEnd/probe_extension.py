@@ -4,6 +4,7 @@ down. In its own folder it finds and leaves these files:
     color       the background's colour as "r g b" from 0 to 1, read for every timeline; placeholders
                 have a grey one, so that they cannot be mistaken for what can be pressed
     flipped     once the toggle has been pressed; it is off then
+    offered     the kinds of widgets that it offers, one a line; "Probe" alone without the file
     live        what is shown besides, a name a line: "countdown", "bar", "slow bar"
     requests    one line for every request that has come, as JSON
     pid         the process id of the one that runs now
@@ -33,8 +34,9 @@ class Probe:
     def _answer(self, method, parameters):
         if method == "initialize":
             return {"widgets": [
-                {"kind": "Probe", "displayName": "Probe", "description": "Shows what it is told.",
-                 "families": ["systemSmall", "systemMedium", "systemLarge"]}], "controls": []}
+                {"kind": kind, "displayName": kind, "description": "Shows what it is told.",
+                 "families": ["systemSmall", "systemMedium", "systemLarge"]}
+                for kind in self._lines("offered", ["Probe"])], "controls": []}
         if method == "widget/timeline":
             return {"entries": [self._entry(parameters)], "policy": "never"}
         if method in ("widget/placeholder", "widget/snapshot"):
@@ -55,17 +57,17 @@ class Probe:
         return entry
 
     def _content(self, kind):
-        parts = [fields(kind, not self._has("flipped"))] + [live_thing(name) for name in self._live_things()]
+        parts = [fields(kind, not self._has("flipped"))] + [live_thing(name) for name in self._lines("live", [])]
         return {"type": "frame", "maxWidth": "infinity", "maxHeight": "infinity",
                 "alignment": "topLeading", "child":
                 {"type": "vstack", "alignment": "leading", "spacing": 20, "children": parts}}
 
-    def _live_things(self):
+    def _lines(self, name, otherwise):
         try:
-            with open(os.path.join(self._folder, "live"), encoding="ascii") as file:
+            with open(os.path.join(self._folder, name), encoding="ascii") as file:
                 return file.read().splitlines()
         except FileNotFoundError:
-            return []
+            return otherwise
 
     def _has(self, name):
         return os.path.exists(os.path.join(self._folder, name))

@@ -29,7 +29,7 @@ protected:
     }
     /// A process that has introduced itself and waits for work.
     FakeProcess& ready() {
-        client_.start();
+        client_.introduce();
         launcher_.last().introduce(bundle);
         return launcher_.last();
     }
@@ -70,6 +70,44 @@ TEST_F(ExtensionClientTest, InitializesBeforeEverythingElse) {
     launcher_.last().introduce(bundle);
     EXPECT_THAT(bundles_, ElementsAre(bundle));
     EXPECT_THAT(askedOf(launcher_.last()), ElementsAre("a"));
+}
+
+TEST_F(ExtensionClientTest, AnExtensionThatOffersNoWidgetsHasFailedAndIsAskedAgain) {
+    client_.introduce();
+    launcher_.last().introduce({});
+    EXPECT_THAT(bundles_, IsEmpty());
+    EXPECT_THAT(log_.lines, ElementsAre("clock-extension: offers no widgets; not started again "
+                                        "before 1 s"));
+    timers_.advance(1s);
+    ASSERT_EQ(launcher_.starts(), 2U);
+    launcher_.last().introduce(bundle);
+    EXPECT_THAT(bundles_, ElementsAre(bundle));
+}
+
+TEST_F(ExtensionClientTest, IntroducesItselfAgainWhenItsProcessHasEnded) {
+    ready();
+    client_.introduce();
+    EXPECT_EQ(launcher_.starts(), 1U) << "The process that runs has done so";
+    timers_.advance(2s);
+    client_.introduce();
+    EXPECT_EQ(launcher_.starts(), 2U);
+    launcher_.last().introduce(bundle);
+    EXPECT_THAT(bundles_, SizeIs(2));
+    timers_.advance(2s);
+    EXPECT_EQ(launcher_.last().ending, Ending::gently);
+}
+
+TEST_F(ExtensionClientTest, AnUpdatedProgramIntroducesItselfWhateverTheOldOneIsBusyWith) {
+    client_.introduce();
+    auto& old = launcher_.last();
+    old.isOutdated = true;
+    client_.introduce();
+    old.introduce(bundle);
+    EXPECT_EQ(old.ending, Ending::gently);
+    ASSERT_EQ(launcher_.starts(), 2U);
+    launcher_.last().introduce(bundle);
+    EXPECT_THAT(bundles_, SizeIs(2));
+    EXPECT_EQ(launcher_.starts(), 2U);
 }
 
 TEST_F(ExtensionClientTest, ASlowStartIsNotCountedAgainstWhatWasAskedBefore) {
@@ -170,7 +208,7 @@ TEST_F(ExtensionClientTest, AnOutdatedProcessThatNeverAnswersIsReplacedAllTheSam
 }
 
 TEST_F(ExtensionClientTest, AProgramThatIsUpdatedWhileItStartsIsReplacedBeforeItIsAsked) {
-    client_.start();
+    client_.introduce();
     auto& old = launcher_.last();
     ask("a", Patience::brief);
     old.isOutdated = true;
@@ -210,7 +248,7 @@ TEST_F(ExtensionClientTest, AProcessThatIsOutOfDateAnswersFirstWhatItWasAsked) {
 }
 
 TEST_F(ExtensionClientTest, AProcessThatGoesOutOfDateWhileItIntroducesItselfIsReplacedToo) {
-    client_.start();
+    client_.introduce();
     client_.replaceProcess();
     ask("a");
     launcher_.last().introduce(bundle);
@@ -261,7 +299,7 @@ TEST_F(ExtensionClientTest, KillsAProcessThatDoesNotAnswerWithinFiveSeconds) {
 }
 
 TEST_F(ExtensionClientTest, KillsAProcessThatNeverIntroducesItself) {
-    client_.start();
+    client_.introduce();
     timers_.advance(5s);
     EXPECT_EQ(launcher_.last().ending, Ending::atOnce);
     EXPECT_THAT(log_.lines, ElementsAre(HasSubstr("did not answer for its start within 5 s")));
@@ -502,7 +540,7 @@ TEST_F(ExtensionClientTest, ReplacesAProcessWithAnOverlongLine) {
 }
 
 TEST_F(ExtensionClientTest, ReplacesAProcessWhoseOfferIsNotUnderstood) {
-    client_.start();
+    client_.introduce();
     launcher_.last().answer(0, R"({"widgets": 7})");
     EXPECT_EQ(launcher_.last().ending, Ending::atOnce);
     EXPECT_THAT(bundles_, IsEmpty());
@@ -546,7 +584,7 @@ TEST_F(ExtensionClientTest, EndsItsProcessWithItself) {
     {
         ExtensionClient client({launcher, gate_, timers_, log_, HostLimits{}, "clock-extension"},
                                [](const kit::Bundle&) {});
-        client.start();
+        client.introduce();
     }
     EXPECT_EQ(launcher.last().ending, Ending::gently);
 }

@@ -140,6 +140,10 @@ public:
     std::vector<Call> calls;
 };
 
+inline kit::Bundle oneWidget() {
+    return {.widgets = {{"Clock", "", "", {}}}, .controls = {}};
+}
+
 /// A process that only exists in the test.
 struct FakeProcess {
     ExtensionListener* listener = nullptr;
@@ -175,7 +179,9 @@ struct FakeProcess {
     void answerWithError(std::size_t index, const std::string& message) const {
         say(kit::encodeError(requests().at(index).id, {kit::ErrorCode::actionFailed, message}));
     }
-    void introduce(const kit::Bundle& bundle = {}) const { answer(0, kit::encodeBundle(bundle)); }
+    void introduce(const kit::Bundle& bundle = oneWidget()) const {
+        answer(0, kit::encodeBundle(bundle));
+    }
     void askToOpen(std::int64_t id, const std::string& url) const {
         say(kit::encodeRequest({kit::MessageId(id), kit::OpenRequest{url, false, false}}));
     }

@@ -49,7 +49,7 @@ protected:
     }
 
     FakeProcess& process() { return launcher_.last(); }
-    void introduce() { process().introduce({.widgets = {{"Clock", "", "", {}}}, .controls = {}}); }
+    void introduce() { process().introduce(); }
 
     /// What the current process was asked since the last look.
     std::vector<std::string> newRequests() {
@@ -109,8 +109,35 @@ TEST_F(WidgetHostTest, TellsOfTheOfferOnlyWhenItIsAnother) {
     EXPECT_EQ(bundleChanges_, 1);
     timers_.advance(5s);
     timers_.advance(1s);
-    process().introduce({});
+    process().introduce({.widgets = {{"Moon", "", "", {}}}, .controls = {}});
     EXPECT_EQ(bundleChanges_, 2);
+}
+
+TEST_F(WidgetHostTest, WhereNothingIsOnTheDesktopTheOfferIsAskedForAgain) {
+    introduce();
+    const std::vector<std::function<void()>> occasions{
+        fileWatch_.changed, [this] { host_.reloadAll(); },
+        [this] { host_.renew(ReloadCause::localeChanged); }};
+    for (const auto& occasion : occasions) {
+        timers_.advance(2s);
+        const auto starts = launcher_.starts();
+        occasion();
+        ASSERT_EQ(launcher_.starts(), starts + 1);
+        EXPECT_THAT(newRequests(), ElementsAre("initialize"));
+        introduce();
+    }
+}
+
+TEST_F(WidgetHostTest, AReloadThatIsAskedForCutsALongPauseShort) {
+    for (int failures = 0; failures < 6; ++failures) {
+        process().die("ended");
+        timers_.advance(5min);
+    }
+    process().die("ended");
+    const auto starts = launcher_.starts();
+    host_.reloadAll();
+    timers_.advance(1s);
+    EXPECT_EQ(launcher_.starts(), starts + 1);
 }
 
 TEST_F(WidgetHostTest, AWidgetShowsItsPlaceholderAndThenItsTimeline) {
@@ -280,7 +307,7 @@ TEST_F(WidgetHostTest, ActionsReachTheExtensionInTheOrderPressed) {
 TEST_F(WidgetHostTest, AChangedFileReloadsAllWidgets) {
     introduce();
     place("Clock", timeline({entry(900, "a")}));
-    EXPECT_THAT(fileWatch_.paths, ElementsAre("/home/someone/clock.json"));
+    EXPECT_THAT(fileWatch_.paths, ElementsAre("/home/someone/clock.json", "/opt/clock-extension"));
     fileWatch_.changed();
     EXPECT_THAT(newRequests(), ElementsAre("timeline Clock"));
 }

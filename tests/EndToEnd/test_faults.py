@@ -1,0 +1,49 @@
+"""An extension that is not as it should be: the widgets come as soon as it is."""
+
+import subprocess
+
+from probe import ProbeTest
+from processes import wait_for_sleep, wait_until
+
+NAME = "com.kelmarplanner.Widgets"
+BLUE = (0, 0, 255)
+
+
+class OfferTest(ProbeTest):
+    def launch(self, *arguments):
+        return self.session.processes.start(
+            "kelmar-widgets", self.probe.command(*arguments), self.session.environment)
+
+    def log(self):
+        return self.session.processes.log_of("kelmar-widgets")
+
+    def wait_for_widget(self):
+        wait_until(lambda: self.session.windows_named("Probe")
+                   and self.probe.background() == BLUE, "the widget")
+
+    def reload_all(self):
+        subprocess.run(["gdbus", "call", "--session", "--dest", NAME, "--object-path",
+                        "/com/kelmarplanner/Widgets", "--method", NAME + ".ReloadAllTimelines"],
+                       env=self.session.environment, check=True, stdout=subprocess.DEVNULL)
+
+    def test_extension_that_offers_nothing_at_first_is_asked_again(self):
+        self.probe.offer()
+        self.launch()
+        wait_until(lambda: "probe-extension: offers no widgets; not started again before 2 s"
+                   in self.log(), "its second failure")
+        self.probe.offer("Probe")
+        self.wait_for_widget()
+
+    def test_widget_that_comes_to_be_offered_comes_to_the_desktop(self):
+        for occasion in (self.probe.replace_program, self.reload_all, self.probe.tell_of_change):
+            with self.subTest(occasion.__name__):
+                self.probe.offer("Other")
+                process = self.launch("--add", "Probe:large")
+                wait_until(lambda: 'offers no widget "Probe"' in self.log(), "the complaint")
+                # Nothing is on the desktop that would be reloaded, and the extension has ended.
+                wait_for_sleep(process.pid)
+                self.assertEqual(self.session.windows_named("Probe"), [])
+                self.probe.offer("Other", "Probe")
+                occasion()
+                self.wait_for_widget()
+                self.session.processes.end(process)
