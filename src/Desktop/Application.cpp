@@ -12,6 +12,7 @@
 #include "Desktop/SessionBus.h"
 #include "Desktop/X11Hints.h"
 #include "Host/ExtensionFile.h"
+#include "Host/SessionBus.h"
 #include "System/HomeFolder.h"
 
 namespace kelmar::desktop {
@@ -41,6 +42,15 @@ void prepareQt(const Options& options) {
     QApplication::setDesktopFileName("com.kelmarplanner.Widgets");
 }
 
+/// Before there are other threads: it may change the environment.
+void leaveSilentBus(host::Log& log) {
+    if (const std::string address = host::leaveSilentSessionBus(); !address.empty()) {
+        log.write(host::LogLevel::warning, "The session bus at " + address +
+                                               " does not answer: it is left alone until the "
+                                               "next start.");
+    }
+}
+
 }  // namespace
 
 int runDesktop(int argc, char** argv) {
@@ -58,6 +68,9 @@ int runDesktop(int argc, char** argv) {
     if (qgetenv("QT_QPA_PLATFORM") == "xcb" && !canReachXServer()) {
         log.write(host::LogLevel::error, "There is no X display to put widgets on.");
         return failureStatus;
+    }
+    if (!options.pictureFile) {
+        leaveSilentBus(log);
     }
     paint::FontSearch fontSearch;
     QApplication application(argc, argv);

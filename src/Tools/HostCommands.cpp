@@ -82,6 +82,9 @@ QVariant plain(GVariant* value) {
 class RunningHost {
 public:
     RunningHost() {
+        if (const std::string address = host::leaveSilentSessionBus(); !address.empty()) {
+            throw CommandError("the session bus at " + address + " does not answer");
+        }
         GlibErrorSlot error;
         if (host::mayHaveSessionBus()) {
             bus_.reset(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error.place()));

@@ -1,6 +1,7 @@
 """Sessions that lack what most have: the widgets say in one line each what a person loses, and go on."""
 
 import os
+import socket
 import subprocess
 import unittest
 
@@ -10,6 +11,7 @@ from processes import GIVE_UP_TIME, wait_until
 from session import Session, binary, make_program
 
 NO_BUS = "There is no session bus: "
+SILENT_BUS = "The session bus at unix:path={} does not answer: "
 NO_COMPOSITOR = "There is no compositor: "
 NO_PORTAL = "There is no settings portal: "
 # Qt's own words.
@@ -85,6 +87,27 @@ class BareSessionTest(unittest.TestCase):
         self.assert_works()
         self.assert_says(NO_COMPOSITOR, NO_BUS, NO_TRAY)
 
+    def test_with_a_bus_that_takes_connections_and_never_answers(self):
+        path, silent = self.silent_socket()
+        self.start(without={"bus"}, DBUS_SESSION_BUS_ADDRESS="unix:path=" + path)
+        self.assert_works()
+        self.assert_says(NO_COMPOSITOR, NO_BUS, NO_TRAY, SILENT_BUS.format(path))
+        silent.settimeout(0)
+        silent.accept()
+        with self.assertRaises(BlockingIOError, msg="it was asked more than once"):
+            silent.accept()
+
+    def test_tool_does_not_wait_for_a_bus_that_never_answers(self):
+        self.session.start(without={"bus"})
+        path, _ = self.silent_socket()
+        tool = subprocess.run(
+            [binary("kelmar-widgetctl"), "explain"], check=False, capture_output=True, text=True,
+            env={**self.session.environment, "DBUS_SESSION_BUS_ADDRESS": "unix:path=" + path},
+            timeout=GIVE_UP_TIME)
+        self.assertEqual(tool.returncode, 1)
+        self.assertEqual(tool.stderr, "kelmar-widgetctl: the session bus at unix:path="
+                                      f"{path} does not answer\n")
+
     def test_without_window_manager(self):
         self.start(without={"window manager"})
         self.assert_works()
@@ -124,6 +147,15 @@ class BareSessionTest(unittest.TestCase):
         self.assertEqual(self.process.wait(GIVE_UP_TIME), 1)
         self.assertEqual(self.session.processes.log_of("kelmar-widgets"),
                          "<3>There is no X display to put widgets on.\n")
+
+    def silent_socket(self):
+        """Its path and the socket, where connections wait to be accepted."""
+        path = os.path.join(self.session.folder, "silent")
+        silent = socket.socket(socket.AF_UNIX)
+        self.addCleanup(silent.close)
+        silent.bind(path)
+        silent.listen()
+        return path, silent
 
     def sentence(self):
         """That of a widget without a planner."""
