@@ -6,8 +6,8 @@
 
 #include "Desktop/ControlEntries.h"
 #include "Desktop/FirstArrangement.h"
+#include "Desktop/MenuLook.h"
 #include "Desktop/Screens.h"
-#include "Desktop/WindowColors.h"
 
 namespace kelmar::desktop {
 
@@ -144,7 +144,6 @@ void Desktop::popUpMenu(host::WidgetId id, QPoint position) {
     const WidgetPlace& place = widgets_.place(id);
     auto* menu = new QMenu(&widgets_.window(id));
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setPalette(menuColors(parts_.look.appearance()));
     fillWidgetMenu(*menu,
                    {.bundle = parts_.host.bundle().value_or(kit::Bundle{}),
                     .kind = place.kind,
@@ -152,6 +151,7 @@ void Desktop::popUpMenu(host::WidgetId id, QPoint position) {
                     .lock = widgets_.lock(),
                     .renderingMode = parts_.look.renderingMode()},
                    menuActions(id), parts_.texts);
+    dressMenu(*menu, parts_.look);
     new ControlEntries(*menu, parts_.host, menu->palette().color(QPalette::WindowText));
     menu->popup(position);
 }

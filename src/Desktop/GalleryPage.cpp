@@ -24,13 +24,20 @@ constexpr int betweenSections = 26;
 /// Puts texts and tiles below one another in a column, or only adds up their heights.
 class Column {
 public:
-    Column(int left, int width, bool moves, layout::Direction direction)
-        : left_(left), width_(width), moves_(moves), direction_(direction) {}
+    struct Layout {
+        int left;
+        int width;
+        int tileFoot;
+        bool moves;
+        layout::Direction direction;
+    };
+
+    explicit Column(const Layout& layout) : layout_(layout) {}
 
     void addText(QLabel& text) {
-        const int height = text.heightForWidth(width_);
-        if (moves_) {
-            text.setGeometry(left_, y_, width_, height);
+        const int height = text.heightForWidth(layout_.width);
+        if (layout_.moves) {
+            text.setGeometry(layout_.left, y_, layout_.width, height);
         }
         y_ += height;
     }
@@ -39,8 +46,8 @@ public:
         std::vector<kit::Family> families;
         std::transform(tiles.begin(), tiles.end(), std::back_inserter(families),
                        [](const GalleryTile* tile) { return tile->family(); });
-        const TileFlow flow = flowTiles(families, width_);
-        for (std::size_t index = 0; moves_ && index < tiles.size(); ++index) {
+        const TileFlow flow = flowTiles(families, layout_.width, layout_.tileFoot);
+        for (std::size_t index = 0; layout_.moves && index < tiles.size(); ++index) {
             place(*tiles[index], flow.places[index]);
         }
         y_ += flow.size.height();
@@ -52,15 +59,13 @@ public:
 private:
     void place(GalleryTile& tile, QPoint place) const {
         const int card = windowSize(tile.family()).width();
-        const int x =
-            direction_ == layout::Direction::leftToRight ? place.x() : width_ - place.x() - card;
-        tile.move(left_ + x - GalleryTile::ringRoom, y_ + place.y() - GalleryTile::ringRoom);
+        const int x = layout_.direction == layout::Direction::leftToRight
+                          ? place.x()
+                          : layout_.width - place.x() - card;
+        tile.move(layout_.left + x - GalleryTile::ringRoom, y_ + place.y() - GalleryTile::ringRoom);
     }
 
-    int left_;
-    int width_;
-    bool moves_;
-    layout::Direction direction_;
+    Layout layout_;
     int y_ = 0;
 };
 
@@ -132,22 +137,22 @@ QLabel* GalleryPage::addText(const std::string& text) {
 }
 
 void GalleryPage::setFonts() {
-    const paint::FontSet& fonts = parts_.look.resources().fonts();
-    const auto font = [&](int size, kit::FontWeight weight) {
-        return fonts.font(kit::Font::system(size, weight), size);
-    };
-    title_->setFont(font(titleSize, kit::FontWeight::bold));
-    hint_->setFont(font(textSize, kit::FontWeight::regular));
+    const Look& look = parts_.look;
+    title_->setFont(look.font(titleSize, kit::FontWeight::bold));
+    hint_->setFont(look.font(textSize));
     for (const Section& section : sections_) {
-        section.name->setFont(font(nameSize, kit::FontWeight::semibold));
-        section.description->setFont(font(textSize, kit::FontWeight::regular));
+        section.name->setFont(look.font(nameSize, kit::FontWeight::semibold));
+        section.description->setFont(look.font(textSize));
     }
 }
 
 int GalleryPage::layOut(int width, Purpose purpose) const {
     const int columnWidth = std::min(galleryWidth, width - 2 * margin);
-    Column column((width - columnWidth) / 2, columnWidth, purpose == Purpose::placing,
-                  parts_.direction);
+    Column column({.left = (width - columnWidth) / 2,
+                   .width = columnWidth,
+                   .tileFoot = footBelowCaption + parts_.look.heldLength(captionHeight),
+                   .moves = purpose == Purpose::placing,
+                   .direction = parts_.direction});
     column.addRoom(margin);
     column.addText(*title_);
     column.addRoom(belowTitle);

@@ -19,7 +19,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto confirmationTime = 2s;
-constexpr int captionHeight = 24;
 constexpr int captionSize = 12;
 constexpr int regretSize = 13;
 constexpr int badgeSide = 26;
@@ -63,11 +62,13 @@ void GalleryTile::confirm() {
 
 void GalleryTile::takeLook() {
     image_ = QImage();
+    resize(sizeHint());
     update();
 }
 
 QSize GalleryTile::sizeHint() const {
-    return windowSize(family_) + QSize(2 * ringRoom, 2 * ringRoom + captionHeight);
+    return windowSize(family_) +
+           QSize(2 * ringRoom, 2 * ringRoom + parts_.look.heldLength(captionHeight));
 }
 
 QImage GalleryTile::cardImage() const {
@@ -183,17 +184,15 @@ void GalleryTile::paintCaption(QPainter& painter) const {
     const auto weight = confirms ? kit::FontWeight::semibold : kit::FontWeight::regular;
     const std::string text =
         confirms ? parts_.texts.text("Added") : parts_.texts.text(wordFor(family_));
-    painter.setFont(
-        parts_.look.resources().fonts().font(kit::Font::system(captionSize, weight), captionSize));
+    painter.setFont(parts_.look.font(captionSize, weight));
     painter.setPen(palette().color(role));
-    painter.drawText(rect().adjusted(0, height() - captionHeight, 0, 0), Qt::AlignCenter,
-                     QString::fromStdString(text));
+    const int top = cardRect().bottom() + 1 + ringRoom;
+    painter.drawText(rect().adjusted(0, top, 0, 0), Qt::AlignCenter, QString::fromStdString(text));
 }
 
 void GalleryTile::paintRegret(QPainter& painter) const {
     constexpr int margin = 16;
-    painter.setFont(
-        parts_.look.resources().fonts().font(kit::Font::system(regretSize), regretSize));
+    painter.setFont(parts_.look.font(regretSize));
     painter.setPen(palette().color(QPalette::PlaceholderText));
     painter.drawText(cardRect().adjusted(margin, margin, -margin, -margin),
                      Qt::AlignCenter | Qt::TextWordWrap,

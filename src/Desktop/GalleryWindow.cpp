@@ -7,7 +7,6 @@
 #include <QVBoxLayout>
 
 #include "Desktop/WindowColors.h"
-#include "Kit/Metrics.h"
 
 namespace kelmar::desktop {
 
@@ -17,6 +16,7 @@ namespace {
 constexpr int roomAround = 80;
 constexpr int preferredHeight = 860;
 constexpr int messageMargin = 48;
+constexpr int messageSize = 15;
 
 }  // namespace
 
@@ -24,7 +24,7 @@ GalleryWindow::GalleryWindow(const GalleryParts& parts)
     : QWidget(nullptr, Qt::Window),
       parts_(parts),
       scrollArea_(new QScrollArea(this)),
-      renderingMode_(parts.look.renderingMode()) {
+      previewedFor_(parts.look.environment(kit::Family::small)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QString::fromStdString(parts_.texts.text("Add widgets")));
     setLayoutDirection(qtDirection(parts_.direction));
@@ -96,11 +96,13 @@ void GalleryWindow::takeBundle() {
 void GalleryWindow::takeLook() {
     setPalette(windowColors(parts_.look.appearance()));
     if (page_ == nullptr) {
+        scrollArea_->setWidget(silencePage());
         return;
     }
     page_->takeLook();
-    if (renderingMode_ != parts_.look.renderingMode()) {
-        renderingMode_ = parts_.look.renderingMode();
+    const kit::Environment environment = parts_.look.environment(kit::Family::small);
+    if (previewedFor_ != environment) {
+        previewedFor_ = environment;
         for (const GalleryPage::Offer& offer : page_->offers()) {
             requestPreview(offer);
         }
@@ -129,12 +131,8 @@ void GalleryWindow::connectTile(const GalleryPage::Offer& offer) {
 }
 
 void GalleryWindow::requestPreview(const GalleryPage::Offer& offer) {
-    const kit::Family family = offer.tile->family();
     parts_.host.requestPreview(
-        offer.kind,
-        {.family = family,
-         .contentSize = kit::contentSize(family),
-         .renderingMode = renderingMode_},
+        offer.kind, parts_.look.environment(offer.tile->family()),
         [tile = QPointer(offer.tile)](const system::Result<kit::Entry>& entry) {
             if (!tile) {
                 return;  // The gallery has been closed meanwhile.
@@ -175,7 +173,7 @@ QWidget* GalleryWindow::silencePage() const {
     words->setWordWrap(true);
     words->setMargin(messageMargin);
     words->setForegroundRole(QPalette::PlaceholderText);
-    words->setFont(parts_.look.resources().fonts().font(kit::Font::system(15), 15));
+    words->setFont(parts_.look.font(messageSize));
     return words;
 }
 

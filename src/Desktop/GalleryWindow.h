@@ -47,7 +47,8 @@ private:
     GalleryParts parts_;
     QScrollArea* scrollArea_;
     GalleryPage* page_ = nullptr;  ///< Null while the extension has not said what it offers.
-    kit::RenderingMode renderingMode_;
+    /// For which the previews were asked, but for their size.
+    kit::Environment previewedFor_;
     std::unique_ptr<WidgetInHand> inHand_;
 };
 

@@ -2,8 +2,11 @@
 
 #include <QGuiApplication>
 #include <QPalette>
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
+#include "Kit/Metrics.h"
 #include "System/Fatal.h"
 
 namespace kelmar::desktop {
@@ -16,6 +19,18 @@ paint::Scheme schemeOfPalette() {
     return QGuiApplication::palette().color(QPalette::Window).lightness() < middleGrey
                ? paint::Scheme::dark
                : paint::Scheme::light;
+}
+
+/// Where the desktop names no size.
+constexpr double usualMenuSize = 13;
+/// Beyond these, in pixels, it is a mistake, and menus must stay usable.
+constexpr double leastMenuSize = 9;
+constexpr double greatestMenuSize = 48;
+
+double pixels(double points) {
+    constexpr double pixelsPerInch = 96;  // On other screens Qt magnifies everything.
+    constexpr double pointsPerInch = 72;
+    return points * pixelsPerInch / pointsPerInch;
 }
 
 }  // namespace
@@ -40,6 +55,31 @@ paint::Appearance Look::appearance() const {
     return {.scheme = scheme(),
             .renderingMode = renderingMode_,
             .accent = settings_.preferences().accent};
+}
+
+kit::Environment Look::environment(kit::Family family) const {
+    // Larger texts leave room for fewer of them, and the extension decides which.
+    const double textScale = resources_->textScale();
+    const kit::Size room = kit::contentSize(family);
+    return {.family = family,
+            .contentSize = {room.width / textScale, room.height / textScale},
+            .renderingMode = renderingMode_};
+}
+
+QFont Look::font(double size, kit::FontWeight weight) const {
+    const double scaled = size * resources_->textScale();
+    return resources_->fonts().font(kit::Font::system(scaled, weight),
+                                    static_cast<int>(std::lround(scaled)));
+}
+
+QFont Look::menuFont() const {
+    const std::optional<double> points = settings_.preferences().fontSize;
+    return font(points ? std::clamp(pixels(*points), leastMenuSize, greatestMenuSize)
+                       : usualMenuSize);
+}
+
+int Look::heldLength(int usual) const {
+    return static_cast<int>(std::lround(usual * resources_->textScale()));
 }
 
 void Look::takePreferences() {

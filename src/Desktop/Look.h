@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QObject>
 #include <future>
 #include <memory>
@@ -28,6 +29,16 @@ public:
     [[nodiscard]] Motion motion() const { return settings_.preferences().leastMotion(); }
     /// Valid until `changed`, during which the former ones are still there.
     [[nodiscard]] const paint::PaintResources& resources() const { return *resources_; }
+    /// For what the extension makes the content of a widget of this size.
+    [[nodiscard]] kit::Environment environment(kit::Family family) const;
+
+    /// For texts of this program's own, in the desktop's font and larger where the user wants that.
+    /// `size` is the usual one, in pixels.
+    [[nodiscard]] QFont font(double size, kit::FontWeight weight = kit::FontWeight::regular) const;
+    /// For menus and tooltips: of the size that the desktop has for them.
+    [[nodiscard]] QFont menuFont() const;
+    /// A length, in pixels, that has to hold texts of the usual size, for those of the user's.
+    [[nodiscard]] int heldLength(int usual) const;
 
 signals:
     void changed();

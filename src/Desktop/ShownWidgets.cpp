@@ -5,6 +5,7 @@
 #include <iterator>
 #include <variant>
 
+#include "Desktop/MenuLook.h"
 #include "Desktop/Screens.h"
 
 namespace kelmar::desktop {
@@ -24,7 +25,7 @@ void ShownWidgets::add(const std::vector<WidgetPlace>& places) {
 }
 
 void ShownWidgets::add(const WidgetPlace& place) {
-    const host::WidgetId id = parts_.host.add(place.kind, presentation_.environment(place.family));
+    const host::WidgetId id = parts_.host.add(place.kind, parts_.look.environment(place.family));
     Shown& shown = shown_[id];
     shown.place = place;
     shown.window = std::make_unique<WidgetWindow>(place.family, parts_.clock);
@@ -40,7 +41,10 @@ void ShownWidgets::add(const WidgetPlace& place) {
 
 void ShownWidgets::connectWindow(host::WidgetId id, WidgetWindow& window) {
     keyboardRound_.add(window);
-    window.setToolTipSource([this, id] { return presentation_.age(id); });
+    window.setToolTipSource([this, id] {
+        dressToolTips(parts_.look);
+        return presentation_.age(id);
+    });
     connect(&window, &WidgetWindow::actionRequested, this, &ShownWidgets::run);
     connect(&window, &WidgetWindow::menuRequested, this,
             [this, id](QPoint position) { emit menuRequested(id, position); });
@@ -52,7 +56,7 @@ void ShownWidgets::resize(host::WidgetId id, kit::Family family) {
     Shown& shown = shown_.at(id);
     shown.place.family = family;
     shown.window->setFamily(family);
-    parts_.host.setEnvironment(id, presentation_.environment(family));
+    parts_.host.setEnvironment(id, parts_.look.environment(family));
     presentation_.fill(*shown.window, id);
     putInPlace();
 }
@@ -98,7 +102,7 @@ void ShownWidgets::takeDirection() {
 void ShownWidgets::takeLook() {
     for (const auto& [id, shown] : shown_) {
         presentation_.dress(*shown.window);
-        parts_.host.setEnvironment(id, presentation_.environment(shown.place.family));
+        parts_.host.setEnvironment(id, parts_.look.environment(shown.place.family));
         presentation_.fill(*shown.window, id);
     }
 }

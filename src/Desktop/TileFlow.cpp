@@ -12,14 +12,14 @@ namespace {
 /// Fills rows with tiles, one after the other.
 class Rows {
 public:
-    explicit Rows(int width) : width_(width) {}
+    Rows(int width, int foot) : width_(width), foot_(foot) {}
 
     QPoint add(QSize tile) {
         if (next_.x() > 0 && next_.x() + tile.width() > width_) {
             next_ = {0, size_.height()};
         }
         const QPoint place = next_;
-        size_ = size_.expandedTo({place.x() + tile.width(), place.y() + tile.height() + tileFoot});
+        size_ = size_.expandedTo({place.x() + tile.width(), place.y() + tile.height() + foot_});
         next_.rx() += tile.width() + tileGap;
         return place;
     }
@@ -28,16 +28,17 @@ public:
 
 private:
     int width_;
+    int foot_;
     QPoint next_;
     QSize size_{0, 0};
 };
 
 /// The larger tiles in a column of their own.
-TileFlow inTwoColumns(const std::vector<kit::Family>& families) {
+TileFlow inTwoColumns(const std::vector<kit::Family>& families, int foot) {
     const int width = windowSize(kit::Family::medium).width();
     const QPoint second(width + tileGap, 0);
-    Rows smaller(width);
-    Rows larger(width);
+    Rows smaller(width, foot);
+    Rows larger(width, foot);
     TileFlow flow;
     for (const kit::Family family : families) {
         flow.places.push_back(family == kit::Family::large ? second + larger.add(windowSize(family))
@@ -47,8 +48,8 @@ TileFlow inTwoColumns(const std::vector<kit::Family>& families) {
     return flow;
 }
 
-TileFlow inRows(const std::vector<kit::Family>& families, int width) {
-    Rows rows(width);
+TileFlow inRows(const std::vector<kit::Family>& families, int width, int foot) {
+    Rows rows(width, foot);
     TileFlow flow;
     for (const kit::Family family : families) {
         flow.places.push_back(rows.add(windowSize(family)));
@@ -59,10 +60,11 @@ TileFlow inRows(const std::vector<kit::Family>& families, int width) {
 
 }  // namespace
 
-TileFlow flowTiles(const std::vector<kit::Family>& families, int width) {
+TileFlow flowTiles(const std::vector<kit::Family>& families, int width, int foot) {
     const auto larges = std::count(families.begin(), families.end(), kit::Family::large);
     const bool hasBoth = larges > 0 && larges < std::ssize(families);
-    return hasBoth && width >= galleryWidth ? inTwoColumns(families) : inRows(families, width);
+    return hasBoth && width >= galleryWidth ? inTwoColumns(families, foot)
+                                            : inRows(families, width, foot);
 }
 
 }  // namespace kelmar::desktop

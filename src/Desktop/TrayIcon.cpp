@@ -3,6 +3,7 @@
 #include <QCursor>
 #include <QSystemTrayIcon>
 
+#include "Desktop/MenuLook.h"
 #include "Desktop/MenuText.h"
 #include "Desktop/SymbolIcon.h"
 
@@ -26,6 +27,8 @@ TrayIcon::TrayIcon(const Parts& parts) : parts_(parts) {
     menu_.addAction(word("Add widgets…"), this, &TrayIcon::galleryRequested);
     menu_.addAction(word("Use widgets by keyboard"), this, &TrayIcon::keyboardRequested);
     menu_.addAction(word("Quit"), this, &TrayIcon::quitRequested);
+    // Trays that draw no menus of their own have it drawn here.
+    connect(&menu_, &QMenu::aboutToShow, this, [this] { dressMenu(menu_, parts_.look); });
     controls_ = new ControlEntries(menu_, parts_.host, ink);
     connect(&watch_, &TrayWatch::found, this, &TrayIcon::appear);
     connect(&watch_, &TrayWatch::missing, this, &TrayIcon::tellThereIsNone);

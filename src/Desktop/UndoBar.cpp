@@ -51,16 +51,22 @@ UndoBar::UndoBar(const Words& words, const Look& look, Corners corners)
 }
 
 void UndoBar::present(const QRect& place, const QRect& visible) {
-    setFixedSize(sizeHint().width(), barHeight);
+    place_ = place;
+    visible_ = visible;
+    takePlace();
+    show();
+    waitOrExpire();
+}
+
+void UndoBar::takePlace() {
+    setFixedSize(sizeHint().width(), look_.heldLength(barHeight));
     if (corners_ == Corners::cutOut) {
         setMask(cardRegion(size()));
     }
     QRect bar(QPoint(), size());
-    bar.moveCenter(place.center());
+    bar.moveCenter(place_.center());
     constexpr int gap = comfortableGap;
-    move(clamped(bar, visible.adjusted(gap, gap, -gap, -gap)));
-    show();
-    waitOrExpire();
+    move(clamped(bar, visible_.adjusted(gap, gap, -gap, -gap)));
 }
 
 void UndoBar::paintEvent(QPaintEvent* /*event*/) {
@@ -114,9 +120,11 @@ void UndoBar::takeLook() {
     QPalette colors = windowColors(look_.appearance());
     colors.setColor(QPalette::ButtonText, colors.color(QPalette::Highlight));
     setPalette(colors);
-    const paint::FontSet& fonts = look_.resources().fonts();
-    message_->setFont(fonts.font(kit::Font::system(textSize), textSize));
-    undo_->setFont(fonts.font(kit::Font::system(textSize, kit::FontWeight::semibold), textSize));
+    message_->setFont(look_.font(textSize));
+    undo_->setFont(look_.font(textSize, kit::FontWeight::semibold));
+    if (!place_.isNull()) {
+        takePlace();
+    }
 }
 
 void UndoBar::waitOrExpire() {

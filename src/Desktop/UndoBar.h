@@ -41,6 +41,7 @@ protected:
 
 private:
     void takeLook();
+    void takePlace();
     void waitOrExpire();
 
     const Look& look_;
@@ -48,6 +49,8 @@ private:
     QLabel* message_;
     QPushButton* undo_;
     QTimer expiry_{this};
+    QRect place_;  ///< Null before it is presented.
+    QRect visible_;
 };
 
 }  // namespace kelmar::desktop

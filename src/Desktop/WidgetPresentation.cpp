@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "Desktop/LastUpdate.h"
-#include "Kit/Metrics.h"
 
 namespace kelmar::desktop {
 
@@ -35,15 +34,6 @@ QString WidgetPresentation::name(const std::string& kind) const {
 QString WidgetPresentation::age(host::WidgetId id) const {
     const auto since = parts_.host.outdatedSince(id);
     return since ? lastUpdateText(parts_.clock.now() - *since, parts_.texts) : QString();
-}
-
-kit::Environment WidgetPresentation::environment(kit::Family family) const {
-    // Larger texts leave room for fewer of them, and the extension decides which.
-    const double textScale = parts_.look.resources().textScale();
-    const kit::Size room = kit::contentSize(family);
-    return {.family = family,
-            .contentSize = {room.width / textScale, room.height / textScale},
-            .renderingMode = parts_.look.renderingMode()};
 }
 
 void WidgetPresentation::dress(WidgetWindow& window) const {

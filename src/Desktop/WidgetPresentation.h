@@ -7,7 +7,6 @@
 #include "Desktop/WidgetWindow.h"
 #include "Host/WidgetId.h"
 #include "Kit/Descriptor.h"
-#include "Kit/Environment.h"
 #include "Layout/Layout.h"
 
 namespace kelmar::desktop {
@@ -27,8 +26,6 @@ public:
     [[nodiscard]] QString name(const std::string& kind) const;
     /// How old the content is, if it is outdated; else nothing.
     [[nodiscard]] QString age(host::WidgetId id) const;
-    /// For what the extension makes the content of a widget of this size.
-    [[nodiscard]] kit::Environment environment(kit::Family family) const;
 
     void dress(WidgetWindow& window) const;
     /// An empty card while the extension has never answered.

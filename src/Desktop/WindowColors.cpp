@@ -46,11 +46,10 @@ QPalette windowColors(const paint::Appearance& appearance) {
 
 QPalette menuColors(const paint::Appearance& appearance) {
     QPalette colors = windowColors(appearance);
-    if (appearance.scheme == paint::Scheme::dark) {
-        // The style draws lines darker than the window, which would be black on black.
-        colors.setColor(QPalette::Window, paint::mixed(colors.color(QPalette::Base),
-                                                       colors.color(QPalette::Text), 0.35));
-    }
+    // The style draws frames and boxes darker than the window: in the dark, black on black.
+    const double share = appearance.scheme == paint::Scheme::dark ? 0.55 : 0.28;
+    colors.setColor(QPalette::Window, paint::mixed(colors.color(QPalette::Base),
+                                                   colors.color(QPalette::Text), share));
     return colors;
 }
 

@@ -11,7 +11,7 @@ namespace kelmar::desktop {
 /// scheme. `PlaceholderText` is for secondary texts, `Highlight` the accent, readable on `Base`.
 [[nodiscard]] QPalette windowColors(const paint::Appearance& appearance);
 
-/// The same for menus, whose lines and boxes the style derives from `Window`.
+/// The same for menus, whose frames and boxes the style derives from `Window`.
 [[nodiscard]] QPalette menuColors(const paint::Appearance& appearance);
 
 [[nodiscard]] Qt::LayoutDirection qtDirection(layout::Direction direction);

@@ -9,6 +9,7 @@
 #include "Desktop/Screens.h"
 #include "Host/HostParts.h"
 #include "tests/Desktop/FoundFonts.h"
+#include "tests/Desktop/ToldSettings.h"
 #include "tests/Host/Fakes.h"
 
 namespace kelmar::desktop {
@@ -63,6 +64,10 @@ protected:
                              droppedAt_ = place;
                          });
         window_->present(screen);
+    }
+
+    void magnify(double scale) {
+        tell(settings_, setting::gnomeInterface, "text-scaling-factor", scale);
     }
 
     void introduce() { launcher_.last().introduce(bundle); }
@@ -253,6 +258,43 @@ TEST_F(GalleryWindowTest, OtherLookKeepsThePreviewsThatAreThere) {
     emit look_.changed();
     EXPECT_EQ(previews().size(), 4U);
     EXPECT_EQ(colorOf(*tiles()[0]), red);
+}
+
+TEST_F(GalleryWindowTest, TextsFollowTheDesktopsFontAndSizeWhileItIsOpen) {
+    const auto fontOfFirstText = [this] { return window_->findChild<QLabel*>()->font(); };
+    magnify(2);
+    EXPECT_EQ(fontOfFirstText().pixelSize(), 30);  // that the widgets are silent
+    magnify(1);
+    introduce();
+    EXPECT_EQ(fontOfFirstText().pixelSize(), 26);
+    magnify(1.5);
+    tell(settings_, setting::gnomeInterface, "font-name", "Quicksand 11");
+    EXPECT_EQ(fontOfFirstText().pixelSize(), 39);
+    EXPECT_EQ(fontOfFirstText().families().first(), "Quicksand");
+}
+
+TEST_F(GalleryWindowTest, LargerTextsHaveRoomBetweenTheTiles) {
+    introduce();
+    window_->resize(900, 700);
+    for (const double scale : {1.0, 1.5, 2.0}) {
+        magnify(scale);
+        const QList<GalleryTile*> all = tiles();
+        for (const GalleryTile* tile : all) {
+            EXPECT_EQ(tile->size(), tile->sizeHint());
+            for (const GalleryTile* other : all) {
+                EXPECT_TRUE(tile == other || !tile->geometry().intersects(other->geometry()))
+                    << scale << " " << tile->accessibleName().toStdString();
+            }
+        }
+    }
+}
+
+TEST_F(GalleryWindowTest, LargerTextsAskForPreviewsOfLess) {
+    introduce();
+    magnify(2);
+    EXPECT_EQ(previews().size(), 8U);
+    const kit::Request last = launcher_.last().requests().back();
+    EXPECT_EQ(std::get<kit::EntryRequest>(last.body).environment, look_.environment(Family::small));
 }
 
 TEST_F(GalleryWindowTest, AnswerAfterTheEndIsHeardByNobody) {

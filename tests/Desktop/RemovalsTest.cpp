@@ -7,6 +7,7 @@
 #include "Desktop/Removals.h"
 #include "tests/Desktop/FoundFonts.h"
 #include "tests/Desktop/RecordingLog.h"
+#include "tests/Desktop/ToldSettings.h"
 
 namespace kelmar::desktop {
 namespace {
@@ -71,6 +72,16 @@ protected:
     std::vector<std::string> undone_;
     int expired_ = 0;
 };
+
+TEST_F(RemovalsTest, BarGrowsWithItsTextsAndStaysInItsPlace) {
+    remove(streakInTheCorner, "Streak");
+    const QRect usual = bar().geometry();
+    tell(settings_, setting::gnomeInterface, "text-scaling-factor", 2.0);
+    EXPECT_EQ(bar().height(), 2 * usual.height());
+    EXPECT_GT(bar().width(), usual.width() + 80);
+    EXPECT_EQ(bar().geometry().right(), usual.right());
+    EXPECT_TRUE(screen.visible.contains(bar().geometry()));
+}
 
 TEST_F(RemovalsTest, BarStandsInTheMiddleOfThePlaceAndNamesTheWidget) {
     remove(due, "Due Today");

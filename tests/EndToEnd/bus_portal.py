@@ -12,6 +12,7 @@ PORTAL = "org.freedesktop.portal.Desktop"
 PATH = "/org/freedesktop/portal/desktop"
 SETTINGS = "org.freedesktop.portal.Settings"
 APPEARANCE = "org.freedesktop.appearance"
+INTERFACE = "org.gnome.desktop.interface"
 
 # What the portal calls the schemes.
 SCHEMES = {"none": 0, "dark": 1, "light": 2}
@@ -24,16 +25,23 @@ class BusPortal(BusDouble):
         super().__init__(session, __file__)
 
     def set_scheme(self, scheme):
-        self._set("color-scheme", "u", SCHEMES[scheme])
+        self._set(APPEARANCE, "color-scheme", "u", SCHEMES[scheme])
 
     def set_accent(self, red, green, blue):
-        self._set("accent-color", "(ddd)", [red, green, blue])
+        self._set(APPEARANCE, "accent-color", "(ddd)", [red, green, blue])
 
     def set_reduced_motion(self, is_reduced):
-        self._set("reduced-motion", "u", int(is_reduced))
+        self._set(APPEARANCE, "reduced-motion", "u", int(is_reduced))
 
-    def _set(self, key, signature, value):
-        self.ask(["set", APPEARANCE, key, signature, value])
+    def set_font(self, description):
+        """As GNOME writes it: "Noto Sans 11"."""
+        self._set(INTERFACE, "font-name", "s", description)
+
+    def set_text_scale(self, scale):
+        self._set(INTERFACE, "text-scaling-factor", "d", scale)
+
+    def _set(self, namespace, key, signature, value):
+        self.ask(["set", namespace, key, signature, value])
 
 
 def serve():
@@ -57,10 +65,11 @@ def serve():
         def SettingChanged(self, _namespace, _key, _value):
             pass
 
+    types = {"u": dbus.UInt32, "d": dbus.Double, "s": dbus.String,
+             "(ddd)": lambda value: dbus.Struct(map(dbus.Double, value), signature="ddd")}
+
     def typed(signature, value):
-        if signature == "u":
-            return dbus.UInt32(value)
-        return dbus.Struct(map(dbus.Double, value), signature="ddd")
+        return types[signature](value)
 
     def answer(command):
         _set, namespace, key, signature, value = command

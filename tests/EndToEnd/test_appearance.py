@@ -1,9 +1,12 @@
 """What the desktop prefers, told by a settings portal while the widgets are on the desktop."""
 
+import os
+import signal
 import unittest
 
 from bus_portal import BusPortal
 from planner import DueToday, PlannerFolder, item, snapshot
+from probe import BETWEEN_FIELDS, ProbeTest
 from processes import wait_until
 from session import Session
 
@@ -118,6 +121,67 @@ class MotionTest(AppearanceTest):
         self.assertGreater(self.drawings_of_change(MAGENTA), 3)
         self.set_reduced_motion(True, "dark")
         self.assertEqual(self.drawings_of_change(LIME), 1)
+
+
+class LargeTextTest(ProbeTest):
+    """Beside the widgets' own texts, whose size their pictures show."""
+
+    def setUp(self):
+        super().setUp()
+        self.portal = BusPortal(self.session)
+        self.portal.start()
+
+    def popup(self):
+        """The width and height of what the program has put over everything, or None."""
+        return next((window.geometry[2:] for window in self.session.screen.windows()
+                     if window.is_popup and window.program == "kelmar-widgets"), None)
+
+    def menu(self):
+        self.probe.open_menu()
+        size = self.popup()
+        self.session.choose_in_menu("Escape")
+        return size
+
+    def tooltip(self):
+        size = wait_until(self.rest_pointer, "a tooltip")
+        self.session.move_pointer(0, 0)
+        wait_until(lambda: self.popup() is None, "the tooltip to go")
+        return size
+
+    def rest_pointer(self):
+        """What shows when the pointer has come to rest on the widget, if anything does."""
+        x, y = self.probe.place()
+        self.session.move_pointer(x + BETWEEN_FIELDS[0], y + BETWEEN_FIELDS[1] - 2)
+        self.session.move_pointer(x + BETWEEN_FIELDS[0], y + BETWEEN_FIELDS[1])
+        try:
+            return wait_until(self.popup, "a tooltip", seconds=3)
+        except AssertionError:
+            return None
+
+    def outdate_content(self):
+        program = os.path.join(self.probe.folder, "probe-extension")
+        os.rename(program, program + ".away")
+        try:
+            os.kill(self.probe.process_id(), signal.SIGKILL)
+        except ProcessLookupError:
+            pass  # It had been sent away already, being idle.
+        self.probe.tell_of_change()
+        wait_until(lambda: "probe-extension" in self.session.processes.log_of("kelmar-widgets"),
+                   "a line in the log")
+
+    def test_menus_follow_a_change_of_the_text_scale(self):
+        self.probe.start_widgets()
+        _, usual = self.menu()
+        self.portal.set_text_scale(2)
+        wait_until(lambda: self.menu()[1] > 1.6 * usual, "a menu of large texts")
+
+    def test_tooltips_follow_a_change_of_the_text_scale_and_font(self):
+        self.probe.start_widgets()
+        self.outdate_content()
+        _, usual = self.tooltip()
+        self.portal.set_text_scale(2)
+        self.portal.set_font("DejaVu Sans 20")
+        wait_until(lambda: self.tooltip()[1] > 3 * usual, "a tooltip of large texts")
 
 
 if __name__ == "__main__":

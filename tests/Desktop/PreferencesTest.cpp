@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "Desktop/PortalSettings.h"
+#include "Desktop/Preferences.h"
 
 namespace kelmar::desktop {
 namespace {
@@ -12,25 +12,25 @@ Preferences with(const QString& settingNamespace, const char* key, const QVarian
     return withSetting({}, settingNamespace, key, value);
 }
 
-TEST(PortalSettings, ColourSchemeIsDarkOrLightOrNoPreference) {
+TEST(Preferences, ColourSchemeIsDarkOrLightOrNoPreference) {
     EXPECT_EQ(with(appearance, "color-scheme", 1U).scheme, paint::Scheme::dark);
     EXPECT_EQ(with(appearance, "color-scheme", 2U).scheme, paint::Scheme::light);
     EXPECT_EQ(with(appearance, "color-scheme", 0U).scheme, std::nullopt);
     EXPECT_EQ(with(appearance, "color-scheme", 77U).scheme, std::nullopt);
 }
 
-TEST(PortalSettings, PreferenceThatIsTakenBackIsForgotten) {
+TEST(Preferences, PreferenceThatIsTakenBackIsForgotten) {
     const Preferences dark = with(appearance, "color-scheme", 1U);
     EXPECT_EQ(withSetting(dark, appearance, "color-scheme", 0U).scheme, std::nullopt);
 }
 
-TEST(PortalSettings, OtherSettingsChangeNothing) {
+TEST(Preferences, OtherSettingsChangeNothing) {
     const Preferences dark = with(appearance, "color-scheme", 1U);
     EXPECT_EQ(withSetting(dark, appearance, "contrast", 1U), dark);
     EXPECT_EQ(withSetting(dark, gnome, "color-scheme", "prefer-light"), dark);
 }
 
-TEST(PortalSettings, MotionIsReducedWhereverTheUserSaysSo) {
+TEST(Preferences, MotionIsReducedWhereverTheUserSaysSo) {
     const QString kde = "org.kde.kdeglobals.KDE";
     EXPECT_EQ(Preferences().leastMotion(), Motion::full);
     EXPECT_EQ(with(appearance, "reduced-motion", 0U).leastMotion(), Motion::full);
@@ -41,7 +41,7 @@ TEST(PortalSettings, MotionIsReducedWhereverTheUserSaysSo) {
     EXPECT_EQ(with(kde, "AnimationDurationFactor", "0").leastMotion(), Motion::reduced);
 }
 
-TEST(PortalSettings, TextsGrowWithTheDesktopsUpToTwice) {
+TEST(Preferences, TextsGrowWithTheDesktopsUpToTwice) {
     EXPECT_EQ(Preferences().textScale, 1);
     EXPECT_EQ(with(gnome, "text-scaling-factor", 1.25).textScale, 1.25);
     EXPECT_EQ(with(gnome, "text-scaling-factor", 3.0).textScale, 2);
@@ -49,13 +49,13 @@ TEST(PortalSettings, TextsGrowWithTheDesktopsUpToTwice) {
     EXPECT_EQ(with(gnome, "text-scaling-factor", "large").textScale, 1);
 }
 
-TEST(PortalSettings, OneWishForStillnessIsEnough) {
+TEST(Preferences, OneWishForStillnessIsEnough) {
     const Preferences still = with(appearance, "reduced-motion", 1U);
     EXPECT_EQ(withSetting(still, gnome, "enable-animations", true).leastMotion(), Motion::reduced);
     EXPECT_EQ(withSetting(still, appearance, "reduced-motion", 0U).leastMotion(), Motion::full);
 }
 
-TEST(PortalSettings, AccentThatIsNoColourIsNone) {
+TEST(Preferences, AccentThatIsNoColourIsNone) {
     EXPECT_EQ(with(appearance, "accent-color", "blue").accent, QColor());
     EXPECT_EQ(with(appearance, "accent-color", 3U).accent, QColor());
 }
@@ -79,12 +79,22 @@ INSTANTIATE_TEST_SUITE_P(All, PangoFont,
                                          FontCase{"Inter", "Inter"},
                                          FontCase{"Medium 10", "Medium"}));
 
-TEST(PortalSettings, FontWithoutAFamilyIsNone) {
+TEST(Preferences, FontMayComeWithItsSizeInPoints) {
+    EXPECT_EQ(with(gnome, "font-name", "Noto Sans Bold 10.5").fontSize, 10.5);
+    EXPECT_EQ(with("org.kde.kdeglobals.General", "font", "Noto Sans,12,-1,5,50").fontSize, 12);
+    for (const char* description : {"Cantarell", "Cantarell 0", "Cantarell -3", ""}) {
+        EXPECT_EQ(with(gnome, "font-name", description).fontSize, std::nullopt) << description;
+    }
+    EXPECT_EQ(with("org.kde.kdeglobals.General", "font", "Noto Sans,-1,16,5").fontSize,
+              std::nullopt);
+}
+
+TEST(Preferences, FontWithoutAFamilyIsNone) {
     EXPECT_EQ(with(gnome, "font-name", "").fontFamily, std::nullopt);
     EXPECT_EQ(with(gnome, "font-name", "11").fontFamily, std::nullopt);
 }
 
-TEST(PortalSettings, FontMayComeAsQtWritesIt) {
+TEST(Preferences, FontMayComeAsQtWritesIt) {
     EXPECT_EQ(with("org.kde.kdeglobals.General", "font", "Noto Sans,10,-1,5,50,0").fontFamily,
               "Noto Sans");
 }
