@@ -11,3 +11,12 @@ if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
 endif()
 file(INSTALL "${source}/${appId}.autostart" DESTINATION "${configuration}/xdg/autostart"
     RENAME "${appId}.desktop")
+
+# Where Debian's zsh looks for what packages bring; elsewhere, and below other prefixes, it is zsh's
+# own folder for a site.
+set(zshFolder "${datadir}/zsh/site-functions")
+if(CMAKE_INSTALL_PREFIX STREQUAL "/usr" AND EXISTS /etc/debian_version)
+    set(zshFolder "${datadir}/zsh/vendor-completions")
+endif()
+file(INSTALL "${source}/completion/zsh/_kelmar-widgets" "${source}/completion/zsh/_kelmar-widgetctl"
+    DESTINATION "${zshFolder}")

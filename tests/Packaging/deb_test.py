@@ -26,6 +26,8 @@ FILES = {
         "usr/share/doc/kelmar-planner-widgets/changelog.gz",
         "usr/share/doc/kelmar-planner-widgets/copyright",
         "usr/share/doc/kelmar-planner-widgets/protocol.schema.json",
+        "usr/share/fish/vendor_completions.d/kelmar-widgetctl.fish",
+        "usr/share/fish/vendor_completions.d/kelmar-widgets.fish",
         f"usr/share/icons/hicolor/128x128/apps/{APP_ID}.png",
         f"usr/share/icons/hicolor/48x48/apps/{APP_ID}.png",
         f"usr/share/icons/hicolor/scalable/apps/{APP_ID}.svg",
@@ -35,6 +37,8 @@ FILES = {
         "usr/share/man/man1/kelmar-widgets-extension.1.gz",
         "usr/share/man/man1/kelmar-widgets.1.gz",
         f"usr/share/metainfo/{APP_ID}.metainfo.xml",
+        "usr/share/zsh/vendor-completions/_kelmar-widgetctl",
+        "usr/share/zsh/vendor-completions/_kelmar-widgets",
     ],
     "kelmar-planner-demo": [
         "usr/bin/kelmar-planner-demo",

@@ -31,6 +31,13 @@ class Installation(unittest.TestCase):
         self.assertEqual(sorted(os.listdir(self.prefix / "libexec/kelmar-widgets")),
                          ["kelmar-planner.extension", "kelmar-widgets-extension"])
 
+    def test_every_shell_finds_its_completions(self):
+        for folder, files in (
+                ("bash-completion/completions", ["kelmar-widgetctl", "kelmar-widgets"]),
+                ("fish/vendor_completions.d", ["kelmar-widgetctl.fish", "kelmar-widgets.fish"]),
+                ("zsh/site-functions", ["_kelmar-widgetctl", "_kelmar-widgets"])):
+            self.assertEqual(sorted(os.listdir(self.prefix / "share" / folder)), files)
+
     def test_host_finds_its_extension_and_draws_what_it_says(self):
         picture = self.folder / "desktop.png"
         run(self.program("kelmar-widgets"), "--picture", picture, env=self.environment)
