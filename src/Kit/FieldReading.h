@@ -49,6 +49,13 @@ template <class Struct, class Value>
     return value ? reader.template read<Value>(*value) : field.usual;
 }
 
+template <class Struct, class Value>
+[[nodiscard]] Value readField(const JsonValue& json, const ForgivenField<Struct, Value>& field,
+                              auto& reader) {
+    const auto value = json.member(field.key);
+    return value ? reader.template read<Value>(*value) : field.usual;
+}
+
 template <class Struct, class Part>
 [[nodiscard]] Part readField(const JsonValue& json, const InlinedFields<Struct, Part>& /*field*/,
                              auto& reader) {
@@ -77,6 +84,16 @@ template <class Struct, class... Field>
 template <Described Struct>
 Struct readMembers(const JsonValue& json, auto& reader) {
     return readFields<Struct>(json, Fields<Struct>::all, reader);
+}
+
+/// Reads into a struct that has other members besides its fields.
+template <Described Struct>
+void readMembersInto(Struct& whole, const JsonValue& json, auto& reader) {
+    std::apply(
+        [&](const auto&... field) {
+            ((whole.*field.member = readField(json, field, reader)), ...);
+        },
+        Fields<Struct>::all);
 }
 
 }  // namespace kelmar::kit

@@ -3,6 +3,7 @@
 #include <optional>
 #include <tuple>
 #include <variant>
+#include <vector>
 
 #include "Kit/ArchiveValues.h"
 #include "Kit/Fields.h"
@@ -20,6 +21,15 @@ void writeValue(system::JsonWriter& json, const Struct& object) {
     json.beginObject();
     writeMembers(json, object);
     json.endObject();
+}
+
+template <class Item>
+void writeValue(system::JsonWriter& json, const std::vector<Item>& items) {
+    json.beginArray();
+    for (const Item& item : items) {
+        writeValue(json, item);
+    }
+    json.endArray();
 }
 
 template <class Struct, class Value>
@@ -44,6 +54,13 @@ void writeField(system::JsonWriter& json, const Struct& whole,
         json.key(field.key);
         writeValue(json, whole.*field.member);
     }
+}
+
+template <class Struct, class Value>
+void writeField(system::JsonWriter& json, const Struct& whole,
+                const ForgivenField<Struct, Value>& field) {
+    json.key(field.key);
+    writeValue(json, whole.*field.member);
 }
 
 template <class Struct, class Part>

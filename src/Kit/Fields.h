@@ -28,6 +28,17 @@ template <class Struct, class Value>
 DefaultedField(const char*, Value Struct::*, std::type_identity_t<Value>)
     -> DefaultedField<Struct, Value>;
 
+/// One that is always written, and has its usual value where somebody else leaves it out.
+template <class Struct, class Value>
+struct ForgivenField {
+    std::string_view key;
+    Value Struct::*member;
+    Value usual;
+};
+template <class Struct, class Value>
+ForgivenField(const char*, Value Struct::*, std::type_identity_t<Value>)
+    -> ForgivenField<Struct, Value>;
+
 /// A part of a struct that has no object of its own: its members are among those of the whole. Of
 /// a std::variant they are those of the alternative, which they tell by themselves.
 template <class Struct, class Part>
