@@ -15,44 +15,12 @@
 #include "Desktop/WidgetAccessibility.h"
 #include "Desktop/WidgetWindow.h"
 #include "Paint/PaintResources.h"
+#include "tests/Desktop/Pressable.h"
 
 namespace kelmar::desktop {
 namespace {
 
 using testing::ElementsAre;
-
-constexpr QPoint button(36, 36);
-constexpr QPoint link(96, 36);
-constexpr QPoint besideAll(100, 120);
-
-kit::View field() {
-    return kit::Frame{
-        .lengths = {.width = 40, .height = 40, .maxWidth = {}, .maxHeight = {}},
-        .alignment = {},
-        .child = kit::View(kit::Shape{.fill = kit::Color::rgb(1, 0, 0), .stroke = {}})};
-}
-
-const kit::Intent press{.name = "Press", .parameters = {}};
-
-/// A button and a link of 40 points in the top left corner, 20 points apart.
-kit::DrawnEntry entry(const std::optional<std::string>& widgetUrl = std::nullopt) {
-    const kit::View row = kit::HStack{
-        .alignment = kit::VerticalAlignment::top,
-        .spacing = 20,
-        .children = {
-            kit::Button{.intent = press, .label = "Mark it done", .child = field()},
-            kit::Link{.url = "probe://linked",
-                      .child = kit::View(kit::Accessible{.label = "Open it", .child = field()})}}};
-    return {.content = kit::Frame{.lengths = {.width = {},
-                                              .height = {},
-                                              .maxWidth = kit::infinity,
-                                              .maxHeight = kit::infinity},
-                                  .alignment = {kit::HorizontalAlignment::leading,
-                                                kit::VerticalAlignment::top},
-                                  .child = row},
-            .background = kit::Color::rgb(0, 0, 1),
-            .widgetUrl = widgetUrl};
-}
 
 class WidgetWindowTest : public testing::Test {
 protected:
@@ -337,9 +305,9 @@ TEST_F(WidgetFadeTest, AnotherSizeIsShownAtOnce) {
     EXPECT_EQ(color(), QColor(255, 0, 0));
 }
 
-class WidgetKeyboardTest : public WidgetWindowTest {
+class WindowKeyboardTest : public WidgetWindowTest {
 protected:
-    WidgetKeyboardTest() {
+    WindowKeyboardTest() {
         QObject::connect(&window_.keyboard(), &WidgetKeyboard::passedOn,
                          [this](FocusStep step) { passedOn_.push_back(step); });
         QObject::connect(&window_.keyboard(), &WidgetKeyboard::returned, [this] { ++returned_; });
@@ -363,14 +331,14 @@ protected:
 const layout::Action buttonAction = layout::ButtonAction{press};
 const layout::Action linkAction = layout::LinkAction{"probe://linked"};
 
-TEST_F(WidgetKeyboardTest, KeyboardComesToTheFirstTarget) {
+TEST_F(WindowKeyboardTest, KeyboardComesToTheFirstTarget) {
     EXPECT_EQ(window_.keyboard().focused(), nullptr);
     giveKeyboard();
     ASSERT_NE(window_.keyboard().focused(), nullptr);
     EXPECT_EQ(window_.keyboard().focused()->action, buttonAction);
 }
 
-TEST_F(WidgetKeyboardTest, TabReachesEverythingAndThenPassesTheKeyboardOn) {
+TEST_F(WindowKeyboardTest, TabReachesEverythingAndThenPassesTheKeyboardOn) {
     giveKeyboard();
     key(Qt::Key_Tab);
     EXPECT_EQ(window_.keyboard().focused()->action, linkAction);
@@ -383,7 +351,7 @@ TEST_F(WidgetKeyboardTest, TabReachesEverythingAndThenPassesTheKeyboardOn) {
     EXPECT_THAT(passedOn_, ElementsAre(FocusStep::next, FocusStep::previous));
 }
 
-TEST_F(WidgetKeyboardTest, EnterAndSpacePressWhatIsMarked) {
+TEST_F(WindowKeyboardTest, EnterAndSpacePressWhatIsMarked) {
     giveKeyboard();
     key(Qt::Key_Return);
     key(Qt::Key_Tab);
@@ -392,21 +360,21 @@ TEST_F(WidgetKeyboardTest, EnterAndSpacePressWhatIsMarked) {
     EXPECT_THAT(actions_, ElementsAre(buttonAction, linkAction, linkAction));
 }
 
-TEST_F(WidgetKeyboardTest, KeyThatIsHeldDownPressesOnce) {
+TEST_F(WindowKeyboardTest, KeyThatIsHeldDownPressesOnce) {
     giveKeyboard();
     key(Qt::Key_Return);
     key(Qt::Key_Return, Qt::NoModifier, true);
     EXPECT_EQ(actions_.size(), 1U);
 }
 
-TEST_F(WidgetKeyboardTest, WidgetsOwnUrlIsATarget) {
+TEST_F(WindowKeyboardTest, WidgetsOwnUrlIsATarget) {
     show(entry("probe://whole"));
     giveKeyboard();
     key(Qt::Key_Return);
     EXPECT_THAT(actions_, ElementsAre(layout::Action(layout::LinkAction{"probe://whole"})));
 }
 
-TEST_F(WidgetKeyboardTest, RedactedWidgetHasNothingToPress) {
+TEST_F(WindowKeyboardTest, RedactedWidgetHasNothingToPress) {
     show(entry("probe://whole"), paint::Redaction::redacted);
     giveKeyboard();
     key(Qt::Key_Return);
@@ -414,13 +382,13 @@ TEST_F(WidgetKeyboardTest, RedactedWidgetHasNothingToPress) {
     EXPECT_EQ(window_.keyboard().focused(), nullptr);
 }
 
-TEST_F(WidgetKeyboardTest, EscapeGivesTheKeyboardBack) {
+TEST_F(WindowKeyboardTest, EscapeGivesTheKeyboardBack) {
     giveKeyboard();
     key(Qt::Key_Escape);
     EXPECT_EQ(returned_, 1);
 }
 
-TEST_F(WidgetKeyboardTest, RingIsSeenOnlyWhereTheKeyboardIs) {
+TEST_F(WindowKeyboardTest, RingIsSeenOnlyWhereTheKeyboardIs) {
     // Between the ring's middle, 3 points beside the button, and the button itself.
     const auto isMarked = [this](QPoint place) {
         return window_.grab().toImage().pixelColor(place) != QColor(0, 0, 255);
