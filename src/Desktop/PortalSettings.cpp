@@ -7,6 +7,7 @@
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
 #include <QStringList>
+#include <fmt/format.h>
 #include <utility>
 
 #include "Desktop/SessionBus.h"
@@ -18,6 +19,7 @@ namespace {
 const auto service = QStringLiteral("org.freedesktop.portal.Desktop");
 const auto objectPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto interface = QStringLiteral("org.freedesktop.portal.Settings");
+constexpr const char* settingsSignature = "a{sa{sv}}";  // By namespace and key.
 
 }  // namespace
 
@@ -53,11 +55,18 @@ void PortalSettings::readAll() {
 
 void PortalSettings::readAnswer(QDBusPendingCallWatcher& call) {
     const QDBusMessage answer = call.reply();
-    if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != "a{sa{sv}}") {
+    if (answer.type() != QDBusMessage::ReplyMessage) {
         log_.write(
             host::LogLevel::notice,
             "There is no settings portal: the desktop's colours and font are not followed (" +
                 answer.errorName().toStdString() + ").");
+        return;
+    }
+    if (answer.signature() != settingsSignature) {
+        log_.write(host::LogLevel::warning,
+                   fmt::format("The settings portal answers in the type \"{}\" where \"{}\" is "
+                               "expected: the desktop's colours and font are not followed.",
+                               answer.signature().toStdString(), settingsSignature));
         return;
     }
     Preferences preferences = preferences_;
@@ -70,7 +79,7 @@ void PortalSettings::readAnswer(QDBusPendingCallWatcher& call) {
         namespaces >> settingNamespace >> settings;
         namespaces.endMapEntry();
         for (const auto& [key, value] : std::as_const(settings).asKeyValueRange()) {
-            preferences = withSetting(std::move(preferences), settingNamespace, key, value);
+            take(preferences, settingNamespace, key, value);
         }
     }
     namespaces.endMap();
@@ -79,7 +88,29 @@ void PortalSettings::readAnswer(QDBusPendingCallWatcher& call) {
 
 void PortalSettings::readSetting(const QString& settingNamespace, const QString& key,
                                  const QDBusVariant& value) {
-    replace(withSetting(preferences_, settingNamespace, key, value.variant()));
+    Preferences preferences = preferences_;
+    take(preferences, settingNamespace, key, value.variant());
+    replace(std::move(preferences));
+}
+
+/// A fault that lasts is told once.
+void PortalSettings::take(Preferences& preferences, const QString& settingNamespace,
+                          const QString& key, const QVariant& value) {
+    auto changed = withSetting(preferences, settingNamespace, key, value);
+    const QString setting = settingNamespace + ' ' + key;
+    if (changed) {
+        preferences = *std::move(changed);
+        faults_.remove(setting);
+        return;
+    }
+    const std::string& fault = changed.failure().reason;
+    if (faults_.value(setting) != fault) {
+        faults_.insert(setting, fault);
+        log_.write(host::LogLevel::warning,
+                   fmt::format("The settings portal is not understood: {}; the last good value is "
+                               "kept, or the default.",
+                               fault));
+    }
 }
 
 void PortalSettings::replace(Preferences preferences) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QObject>
 #include <QString>
 
@@ -8,6 +9,7 @@
 
 class QDBusPendingCallWatcher;
 class QDBusVariant;
+class QVariant;
 
 namespace kelmar::desktop {
 
@@ -33,10 +35,13 @@ private slots:
 private:
     void readAll();
     void readAnswer(QDBusPendingCallWatcher& call);
+    void take(Preferences& preferences, const QString& settingNamespace, const QString& key,
+              const QVariant& value);
     void replace(Preferences preferences);
 
     host::Log& log_;
     Preferences preferences_;
+    QHash<QString, std::string> faults_;  ///< Of each setting, as the log has been told of it.
 };
 
 }  // namespace kelmar::desktop

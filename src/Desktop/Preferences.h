@@ -7,6 +7,7 @@
 
 #include "Desktop/Motion.h"
 #include "Paint/Appearance.h"
+#include "System/Result.h"
 
 namespace kelmar::desktop {
 
@@ -36,9 +37,11 @@ inline const auto kdeGeneral = QStringLiteral("org.kde.kdeglobals.General");
 inline const auto kdeAll = QStringLiteral("org.kde.kdeglobals.KDE");
 }  // namespace setting
 
-/// The preferences after a setting has got a value; settings that mean nothing here and values
-/// that make no sense leave them as they are.
-[[nodiscard]] Preferences withSetting(Preferences preferences, const QString& settingNamespace,
-                                      const QString& key, const QVariant& value);
+/// The preferences after a setting has got a value, or what is wrong with that: which setting it
+/// is, what came, as D-Bus has it, and what was expected. Settings that mean nothing here leave the
+/// preferences as they are; numbers and texts beyond those that are known count as no preference.
+[[nodiscard]] system::Result<Preferences> withSetting(Preferences preferences,
+                                                      const QString& settingNamespace,
+                                                      const QString& key, const QVariant& value);
 
 }  // namespace kelmar::desktop

@@ -1,5 +1,6 @@
 #include "tests/Desktop/FakePortal.h"
 
+#include <QDBusMessage>
 #include <QDBusMetaType>
 
 namespace kelmar::desktop::test {
@@ -27,6 +28,10 @@ FakePortal::~FakePortal() {
 
 Settings FakePortal::ReadAll(const QStringList& namespaces) {
     askedFor = namespaces;
+    if (wrongAnswer.isValid()) {
+        setDelayedReply(true);
+        connection().send(message().createReply(wrongAnswer));
+    }
     return settings;
 }
 

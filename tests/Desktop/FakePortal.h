@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusContext>
 #include <QDBusVariant>
 #include <QMap>
 #include <QObject>
@@ -13,7 +14,7 @@ namespace kelmar::desktop::test {
 using Settings = QMap<QString, QVariantMap>;
 
 /// A settings portal that says what a test wants, over a real bus.
-class FakePortal final : public QObject {
+class FakePortal final : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 
@@ -22,6 +23,7 @@ public:
     ~FakePortal() override;
 
     Settings settings;
+    QVariant wrongAnswer;  ///< Given instead of the settings if it is valid.
     QStringList askedFor;  ///< The namespaces of the last question.
 
 public slots:

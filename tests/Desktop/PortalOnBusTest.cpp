@@ -74,6 +74,42 @@ TEST_F(PortalOnBusTest, OnlyRealChangesAreTold) {
     EXPECT_EQ(changes, 2);
 }
 
+TEST_F(PortalOnBusTest, ValuesOfTheWrongTypeAreToldOnceAndLeaveTheOthers) {
+    startPortal({{"org.freedesktop.appearance",
+                  {{"accent-color", QStringList{"red", "green"}}, {"color-scheme", 1U}}}});
+    const PortalSettings settings(log_);
+    ASSERT_TRUE(waitFor([&] { return settings.preferences().scheme == paint::Scheme::dark; }));
+    ASSERT_EQ(log_.lines.size(), 1U);
+    EXPECT_EQ(log_.lines[0],
+              "The settings portal is not understood: org.freedesktop.appearance accent-color is "
+              "of the type \"as\" where three numbers (ddd) is expected; the last good value is "
+              "kept, or the default.");
+    for (int count = 0; count < 3; ++count) {
+        emit portal_->SettingChanged("org.freedesktop.appearance", "color-scheme",
+                                     QDBusVariant("light"));
+    }
+    emit portal_->SettingChanged("org.freedesktop.appearance", "reduced-motion", QDBusVariant(1U));
+    ASSERT_TRUE(waitFor([&] { return settings.preferences().motion == Motion::reduced; }));
+    EXPECT_EQ(settings.preferences().scheme, paint::Scheme::dark);
+    ASSERT_EQ(log_.lines.size(), 2U);
+    EXPECT_NE(log_.lines[1].find("color-scheme is \"light\" of the type \"s\""), std::string::npos);
+    emit portal_->SettingChanged("org.freedesktop.appearance", "color-scheme", QDBusVariant(2U));
+    emit portal_->SettingChanged("org.freedesktop.appearance", "color-scheme",
+                                 QDBusVariant("light"));
+    EXPECT_TRUE(waitFor([&] { return log_.lines.size() == 3U; })) << "It is a new fault";
+}
+
+TEST_F(PortalOnBusTest, AnswerOfTheWrongTypeIsToldWithTheRightOne) {
+    startPortal(appearance("color-scheme", 1U));
+    portal_->wrongAnswer = QStringList{"dark"};
+    const PortalSettings settings(log_);
+    ASSERT_TRUE(waitFor([&] { return !log_.lines.empty(); }));
+    EXPECT_EQ(log_.lines[0],
+              "The settings portal answers in the type \"as\" where \"a{sa{sv}}\" is expected: the "
+              "desktop's colours and font are not followed.");
+    EXPECT_EQ(settings.preferences(), Preferences{});
+}
+
 TEST_F(PortalOnBusTest, PortalThatStartsLaterIsAsked) {
     const PortalSettings settings(log_);
     ASSERT_TRUE(waitFor([&] { return !log_.lines.empty(); }));

@@ -25,22 +25,23 @@ class BusPortal(BusDouble):
         super().__init__(session, __file__)
 
     def set_scheme(self, scheme):
-        self._set(APPEARANCE, "color-scheme", "u", SCHEMES[scheme])
+        self.set_setting(APPEARANCE, "color-scheme", "u", SCHEMES[scheme])
 
     def set_accent(self, red, green, blue):
-        self._set(APPEARANCE, "accent-color", "(ddd)", [red, green, blue])
+        self.set_setting(APPEARANCE, "accent-color", "(ddd)", [red, green, blue])
 
     def set_reduced_motion(self, is_reduced):
-        self._set(APPEARANCE, "reduced-motion", "u", int(is_reduced))
+        self.set_setting(APPEARANCE, "reduced-motion", "u", int(is_reduced))
 
     def set_font(self, description):
         """As GNOME writes it: "Noto Sans 11"."""
-        self._set(INTERFACE, "font-name", "s", description)
+        self.set_setting(INTERFACE, "font-name", "s", description)
 
     def set_text_scale(self, scale):
-        self._set(INTERFACE, "text-scaling-factor", "d", scale)
+        self.set_setting(INTERFACE, "text-scaling-factor", "d", scale)
 
-    def _set(self, namespace, key, signature, value):
+    def set_setting(self, namespace, key, signature, value):
+        """The signature is that of D-Bus."""
         self.ask(["set", namespace, key, signature, value])
 
 

@@ -4,7 +4,7 @@ import os
 import signal
 import unittest
 
-from bus_portal import BusPortal
+from bus_portal import APPEARANCE, BusPortal
 from planner import DueToday, PlannerFolder, item, snapshot
 from probe import BETWEEN_FIELDS, ProbeTest
 from processes import wait_until
@@ -48,6 +48,17 @@ class SchemeTest(AppearanceTest):
         self.portal.set_scheme("light")
         self.widget.wait_for_files("--scheme", "light")
         self.assertEqual(self.card(), light)
+
+    def test_value_of_the_wrong_type_is_told_and_the_scheme_stays(self):
+        self.portal.set_scheme("dark")
+        self.widget.start()
+        self.widget.wait_for_files("--scheme", "dark")
+        self.portal.set_setting(APPEARANCE, "color-scheme", "s", "light")
+        wait_until(lambda: "color-scheme is \"light\" of the type \"s\" where a number is expected"
+                   in self.session.processes.log_of("kelmar-widgets"), "the complaint")
+        self.widget.wait_for_files("--scheme", "dark")
+        self.portal.set_scheme("light")
+        self.widget.wait_for_files("--scheme", "light")
 
     def test_scheme_that_was_chosen_at_the_start_stays(self):
         self.portal.set_scheme("light")
