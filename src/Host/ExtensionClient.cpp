@@ -6,9 +6,19 @@
 #include <utility>
 
 namespace kelmar::host {
+namespace {
+
+RationedLog rationed(const ExtensionClient::Parts& parts) {
+    return {parts.log, parts.timers, parts.limits.logLines, parts.limits.logPause};
+}
+
+}  // namespace
 
 ExtensionClient::ExtensionClient(Parts parts, std::function<void(kit::Bundle)> bundleCame)
     : parts_(std::move(parts)),
+      errorLines_(rationed(parts_)),
+      mistakes_(rationed(parts_)),
+      turns_(rationed(parts_)),
       bundleCame_(std::move(bundleCame)),
       backoff_(parts_.limits),
       retryTimer_(parts_.timers.make([this] { retry(); })),
@@ -44,9 +54,9 @@ void ExtensionClient::proceed() {
     if (!session_) {
         SessionOwner& owner = *this;
         session_ = std::make_unique<ExtensionSession>(
-            owner,
-            ExtensionSession::Parts{parts_.launcher, parts_.urlGate, parts_.timers, parts_.log,
-                                    parts_.limits, parts_.name, parts_.systemVersion});
+            owner, ExtensionSession::Parts{parts_.launcher, parts_.urlGate, parts_.timers,
+                                           parts_.log, errorLines_, mistakes_, parts_.limits,
+                                           parts_.name, parts_.systemVersion});
     }
     while (!waiting_.empty() && maySend(waiting_.front())) {
         session_->send(std::move(waiting_.front()));
@@ -88,7 +98,7 @@ void ExtensionClient::sessionReady(kit::Bundle bundle) {
 void ExtensionClient::sessionAnswered() {
     if (!backoff_.isReset()) {
         backoff_.reset();
-        parts_.log.write(LogLevel::notice, parts_.name + ": answers again");
+        turns_.write(LogLevel::notice, parts_.name + ": answers again");
     }
 }
 
@@ -110,9 +120,9 @@ void ExtensionClient::retire() {
 
 void ExtensionClient::sessionFailed(const std::string& how) {
     const auto pause = backoff_.next();
-    parts_.log.write(LogLevel::warning,
-                     fmt::format("{}: {}; not started again before {:g} s", parts_.name, how,
-                                 std::chrono::duration<double>(pause).count()));
+    turns_.write(LogLevel::warning,
+                 fmt::format("{}: {}; not started again before {:g} s", parts_.name, how,
+                             std::chrono::duration<double>(pause).count()));
     idleTimer_->stop();
     lastSession_ = std::move(session_);
     isOutOfDate_ = false;

@@ -11,6 +11,7 @@
 #include "Host/ExtensionRequest.h"
 #include "Host/ExtensionSession.h"
 #include "Host/HostLimits.h"
+#include "Host/RationedLog.h"
 #include "Host/SystemVersion.h"
 #include "Kit/Descriptor.h"
 
@@ -66,6 +67,10 @@ private:
     void answerRefused();
 
     Parts parts_;
+    // Of all its processes: one that fails at once again and again shall not fill the log either.
+    RationedLog errorLines_;
+    RationedLog mistakes_;
+    RationedLog turns_;  ///< For its failures and recoveries.
     std::function<void(kit::Bundle)> bundleCame_;
     bool isToIntroduceItself_ = true;
     bool isOutOfDate_ = false;  ///< Whether the session is to make way for another.

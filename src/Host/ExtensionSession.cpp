@@ -32,7 +32,6 @@ ExtensionSession::ExtensionSession(SessionOwner& owner, const Parts& parts)
                                       seconds(parts_.limits.answer)));
                  }),
       urls_(parts.urlGate, parts.limits.waitingUrls),
-      errorLines_(parts.limits.errorLines, parts.limits.errorLinesTime),
       process_(parts.launcher.launch(*this)) {
     send({kit::InitializeRequest{parts_.systemVersion}, Patience::lasting, {}});
 }
@@ -90,18 +89,7 @@ void ExtensionSession::errorLineCame(std::string_view line) {
     if (line.starts_with(parts_.name + ": ")) {
         line.remove_prefix(parts_.name.size() + 2);
     }
-    switch (errorLines_.admit(parts_.timers.elapsed())) {
-        case Throttle::Verdict::pass:
-            parts_.log.write(LogLevel::notice, fmt::format("{}: {}", parts_.name, line));
-            return;
-        case Throttle::Verdict::lastOne:
-            parts_.log.write(LogLevel::notice,
-                             fmt::format("{}: {} (what it says in the next {} is left out)",
-                                         parts_.name, line, seconds(parts_.limits.errorLinesTime)));
-            return;
-        case Throttle::Verdict::drop:
-            return;
-    }
+    parts_.errorLines.write(LogLevel::notice, fmt::format("{}: {}", parts_.name, line));
 }
 
 void ExtensionSession::processEnded(std::string how) {
@@ -222,7 +210,7 @@ void ExtensionSession::noteFault(const std::string& what) {
     if (isOver_) {
         return;
     }
-    parts_.log.write(LogLevel::warning, fmt::format("{}: {}", parts_.name, what));
+    parts_.mistakes.write(LogLevel::warning, fmt::format("{}: {}", parts_.name, what));
     if (++faults_ > parts_.limits.faults) {
         fail("made too many mistakes");
     }

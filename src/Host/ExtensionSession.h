@@ -12,7 +12,7 @@
 #include "Host/ExtensionRequest.h"
 #include "Host/HostLimits.h"
 #include "Host/Log.h"
-#include "Host/Throttle.h"
+#include "Host/RationedLog.h"
 #include "Host/Timers.h"
 #include "Host/UrlGate.h"
 #include "Kit/Descriptor.h"
@@ -44,6 +44,8 @@ public:
         UrlGate& urlGate;
         Timers& timers;
         Log& log;
+        RationedLog& errorLines;  ///< For what it says on standard error.
+        RationedLog& mistakes;
         const HostLimits& limits;
         const std::string& name;           ///< Of the extension, for the log.
         const std::string& systemVersion;  ///< What the extension is told.
@@ -92,7 +94,6 @@ private:
     RequestNumber lastNumber_ = 0;
     AnswerDeadlines deadlines_;
     UrlQueue urls_;
-    Throttle errorLines_;
     int faults_ = 0;
     bool isReady_ = false;
     bool isOver_ = false;

@@ -29,9 +29,10 @@ struct HostLimits {
     int faults = 20;
     /// URLs that one process may have waiting to be opened.
     std::size_t waitingUrls = 32;
-    /// Lines of an extension's standard error that reach the log within `errorLinesTime`.
-    int errorLines = 20;
-    std::chrono::milliseconds errorLinesTime{10'000};
+    /// Lines in the log that an extension may cause at once, of each kind: what it says on standard
+    /// error, its mistakes, its ends and returns. After that there is one more in each `logPause`.
+    int logLines = 20;
+    std::chrono::milliseconds logPause{10 * 60'000};
 };
 
 }  // namespace kelmar::host

@@ -7,11 +7,7 @@ namespace kelmar::host {
 /// Lets a limited number of things through in each span of time.
 class Throttle {
 public:
-    enum class Verdict {
-        pass,
-        lastOne,  ///< It passes; what follows before the span is over is dropped.
-        drop,
-    };
+    enum class Verdict { pass, drop };
 
     Throttle(int most, std::chrono::milliseconds span) : most_(most), span_(span) {}
 
@@ -25,7 +21,7 @@ public:
             return Verdict::drop;
         }
         ++count_;
-        return count_ == most_ ? Verdict::lastOne : Verdict::pass;
+        return Verdict::pass;
     }
 
 private:

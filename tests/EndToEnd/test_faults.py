@@ -1,15 +1,20 @@
 """An extension that is not as it should be: the widgets come as soon as it is."""
 
+import os
 import subprocess
 
 from probe import ProbeTest
 from processes import wait_for_sleep, wait_until
+from session import make_program
 
 NAME = "com.kelmarplanner.Widgets"
 BLUE = (0, 0, 255)
+BABBLE = """#!/bin/sh
+while echo nonsense && echo trouble >&2; do :; done
+"""
 
 
-class OfferTest(ProbeTest):
+class FaultTest(ProbeTest):
     def launch(self, *arguments):
         return self.session.processes.start(
             "kelmar-widgets", self.probe.command(*arguments), self.session.environment)
@@ -21,6 +26,8 @@ class OfferTest(ProbeTest):
         wait_until(lambda: self.session.windows_named("Probe")
                    and self.probe.background() == BLUE, "the widget")
 
+
+class OfferTest(FaultTest):
     def reload_all(self):
         subprocess.run(["gdbus", "call", "--session", "--dest", NAME, "--object-path",
                         "/com/kelmarplanner/Widgets", "--method", NAME + ".ReloadAllTimelines"],
@@ -47,3 +54,18 @@ class OfferTest(ProbeTest):
                 occasion()
                 self.wait_for_widget()
                 self.session.processes.end(process)
+
+
+class BabbleTest(FaultTest):
+    def test_babbling_extension_does_not_fill_the_log_with_every_start(self):
+        make_program(os.path.join(self.probe.folder, "probe-extension"), BABBLE)
+        self.launch()
+        wait_until(lambda: "made too many mistakes; not started again before 4 s" in self.log(),
+                   "its third failure")
+        lines = self.log().splitlines()
+        nonsense = [line for line in lines if "that is no message" in line]
+        self.assertEqual(len(nonsense), 20)
+        self.assertIn("more like it is left out", nonsense[-1])
+        # How much of this is read depends on when it is killed for the other.
+        trouble = [line for line in lines if line.startswith("probe-extension: trouble")]
+        self.assertLessEqual(len(trouble), 20)

@@ -159,7 +159,7 @@ TEST_F(SupervisionTest, SurvivesGarbageBetweenAnswers) {
 
 TEST_F(SupervisionTest, SurvivesAFloodOnStandardError) {
     EXPECT_TRUE(survives("Talkative", "is left out"));
-    EXPECT_THAT(log_.lines, SizeIs(limits_.errorLines));
+    EXPECT_THAT(log_.lines, SizeIs(limits_.logLines));
 }
 
 TEST_F(SupervisionTest, SurvivesNotificationsWithoutEnd) {
