@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "Host/Glib.h"
+#include "System/Folder.h"
 
 namespace kelmar::host {
 namespace {
@@ -104,9 +105,15 @@ ExtensionFile readValues(Reader& reader, const std::filesystem::path& folder,
 
 system::Result<ExtensionFile> readExtensionFile(const std::string& path,
                                                 const std::string& homeFolder) {
+    // Not by GLib, which would wait for what a FIFO never gives.
+    const auto text = system::readFile(path);
+    if (!text) {
+        return text.failure();
+    }
     const GlibOwned<GKeyFile> file(g_key_file_new());
     GlibErrorSlot error;
-    if (g_key_file_load_from_file(file.get(), path.c_str(), G_KEY_FILE_NONE, error.place()) == 0) {
+    if (g_key_file_load_from_data(file.get(), text->data(), text->size(), G_KEY_FILE_NONE,
+                                  error.place()) == 0) {
         return system::Failure{fmt::format("{}: {}", path, error.message())};
     }
     Reader reader(file.get());

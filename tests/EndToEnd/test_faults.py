@@ -4,7 +4,7 @@ import os
 import subprocess
 
 from probe import ProbeTest
-from processes import wait_for_sleep, wait_until
+from processes import GIVE_UP_TIME, wait_for_sleep, wait_until
 from session import make_program
 
 NAME = "com.kelmarplanner.Widgets"
@@ -69,3 +69,11 @@ class BabbleTest(FaultTest):
         # How much of this is read depends on when it is killed for the other.
         trouble = [line for line in lines if line.startswith("probe-extension: trouble")]
         self.assertLessEqual(len(trouble), 20)
+
+
+class KeyFileTest(FaultTest):
+    def test_key_file_that_is_no_regular_file_is_refused_in_one_line(self):
+        os.remove(self.probe.key_file)
+        os.mkfifo(self.probe.key_file)
+        self.assertEqual(self.launch().wait(GIVE_UP_TIME), 1)
+        self.assertEqual(self.log(), f"{self.probe.key_file}: not a regular file\n")

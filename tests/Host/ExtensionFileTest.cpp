@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "Host/ExtensionFile.h"
 #include "tests/Host/TemporaryFolder.h"
@@ -81,6 +82,15 @@ TEST_F(ExtensionFileTest, NamesTheFileInEveryFault) {
     const auto missing = readExtensionFile(folder_ / "missing.extension", "/home/someone");
     ASSERT_FALSE(missing);
     EXPECT_THAT(missing.failure().reason, HasSubstr("missing.extension: No such file"));
+}
+
+TEST_F(ExtensionFileTest, ReadsNothingThatIsNoRegularFile) {
+    ASSERT_EQ(mkfifo(file_.c_str(), 0600), 0);
+    for (const std::string& path : {file_.string(), std::string("/dev/zero")}) {
+        const auto result = readExtensionFile(path, "/home/someone");
+        ASSERT_FALSE(result);
+        EXPECT_EQ(result.failure().reason, path + ": not a regular file");
+    }
 }
 
 }  // namespace
