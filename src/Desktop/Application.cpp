@@ -10,6 +10,7 @@
 #include "Desktop/Options.h"
 #include "Desktop/PictureProgram.h"
 #include "Desktop/SessionBus.h"
+#include "Desktop/Termination.h"
 #include "Desktop/X11Hints.h"
 #include "Host/ExtensionFile.h"
 #include "Host/SessionBus.h"
@@ -70,6 +71,7 @@ int runDesktop(int argc, char** argv) {
         return failureStatus;
     }
     if (!options.pictureFile) {
+        endOnSignals();
         leaveSilentBus(log);
     }
     paint::FontSearch fontSearch;

@@ -20,6 +20,10 @@ void handleSignal(int /*signal*/) {
     [[maybe_unused]] const ssize_t written = write(writeEnd, &byte, 1);
 }
 
+void endAtOnce(int /*signal*/) {
+    _exit(0);
+}
+
 void setHandler(void (*handler)(int)) {
     struct sigaction action {};
     action.sa_handler = handler;
@@ -30,6 +34,10 @@ void setHandler(void (*handler)(int)) {
 }
 
 }  // namespace
+
+void endOnSignals() {
+    setHandler(endAtOnce);
+}
 
 Termination::Termination(std::function<void()> requested) : requested_(std::move(requested)) {
     if (pipe2(pipe_.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
@@ -45,7 +53,7 @@ Termination::Termination(std::function<void()> requested) : requested_(std::move
 }
 
 Termination::~Termination() {
-    setHandler(SIG_DFL);
+    setHandler(endAtOnce);
     writeEnd = -1;
     for (const int end : pipe_) {
         if (end >= 0) {

@@ -97,6 +97,18 @@ class BareSessionTest(unittest.TestCase):
         with self.assertRaises(BlockingIOError, msg="it was asked more than once"):
             silent.accept()
 
+    def test_end_is_a_clean_one_while_the_start_waits_for_something(self):
+        self.session.start(without={"bus"})
+        path, silent = self.silent_socket()
+        process = self.session.processes.start(
+            "kelmar-widgets", [binary("kelmar-widgets")],
+            {**self.session.environment, "DBUS_SESSION_BUS_ADDRESS": "unix:path=" + path})
+        silent.settimeout(GIVE_UP_TIME)
+        connection, _ = silent.accept()
+        self.addCleanup(connection.close)
+        self.assertEqual(self.session.processes.end(process), 0)
+        self.assertEqual(self.session.processes.log_of("kelmar-widgets"), "")
+
     def test_tool_does_not_wait_for_a_bus_that_never_answers(self):
         self.session.start(without={"bus"})
         path, _ = self.silent_socket()
