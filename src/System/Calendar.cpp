@@ -112,4 +112,8 @@ std::unique_ptr<Calendar> makeCalendar(const std::string& localeId, const std::s
     return std::make_unique<IcuCalendar>(std::move(calendar));
 }
 
+std::string timeZoneTrouble() {
+    return hostTimeZone().trouble;
+}
+
 }  // namespace kelmar::system

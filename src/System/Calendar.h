@@ -50,4 +50,8 @@ public:
 [[nodiscard]] std::unique_ptr<Calendar> makeCalendar(const std::string& localeId,
                                                      const std::string& timeZoneId);
 
+/// What is wrong with the time zone that the environment names, and what is used instead, as one
+/// sentence; empty when all is well.
+[[nodiscard]] std::string timeZoneTrouble();
+
 }  // namespace kelmar::system

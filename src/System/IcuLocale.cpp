@@ -1,8 +1,51 @@
 #include "System/IcuLocale.h"
 
+#include <cstdlib>
+#include <filesystem>
+#include <fmt/format.h>
+
 #include "System/EnvironmentLocale.h"
+#include "System/PosixTimeZone.h"
 
 namespace kelmar::system {
+namespace {
+
+/// The name in what TZ says, which may also be the zone's file: ICU would know that one by its
+/// present offset only.
+std::string zoneName(const std::string& setting) {
+    constexpr std::string_view zoneFolder = "/zoneinfo/";
+    const std::string name = setting.starts_with(':') ? setting.substr(1) : setting;
+    if (!name.starts_with('/')) {
+        return name;
+    }
+    std::error_code error;
+    const std::string path = std::filesystem::canonical(name, error).string();
+    const auto place = path.find(zoneFolder);
+    return place == std::string::npos ? name : path.substr(place + zoneFolder.size());
+}
+
+bool isKnown(const std::string& name) {
+    icu::UnicodeString canonical;
+    UBool isKnown = 0;
+    UErrorCode status = U_ZERO_ERROR;
+    icu::TimeZone::getCanonicalID(icu::UnicodeString::fromUTF8(name), canonical, isKnown, status);
+    return U_SUCCESS(status) && isKnown != 0;
+}
+
+std::unique_ptr<icu::TimeZone> zoneNamed(const std::string& name) {
+    return std::unique_ptr<icu::TimeZone>(
+        icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(name)));
+}
+
+std::string troubleWith(const std::string& setting, std::string_view what,
+                        const icu::TimeZone& used) {
+    constexpr int minute = 60 * 1'000;
+    const int minutes = used.getRawOffset() / minute;
+    return fmt::format("TZ is \"{}\", {}: UTC{}{:02}:{:02} is used all year", setting, what,
+                       minutes < 0 ? '-' : '+', std::abs(minutes) / 60, std::abs(minutes) % 60);
+}
+
+}  // namespace
 
 icu::Locale makeLocale(const std::string& localeId) {
     const std::string chosen =
@@ -11,11 +54,29 @@ icu::Locale makeLocale(const std::string& localeId) {
 }
 
 std::unique_ptr<icu::TimeZone> makeTimeZone(const std::string& timeZoneId) {
+    return timeZoneId.empty() ? hostTimeZone().zone : zoneNamed(timeZoneId);
+}
+
+HostTimeZone hostTimeZone() {
+    const auto* const variable = std::getenv("TZ");
+    const std::string setting = variable == nullptr ? "" : variable;
     // Detected afresh: ICU's default would stay what it was when the process started.
-    return std::unique_ptr<icu::TimeZone>(
-        timeZoneId.empty()
-            ? icu::TimeZone::detectHostTimeZone()
-            : icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(timeZoneId)));
+    std::unique_ptr<icu::TimeZone> detected(icu::TimeZone::detectHostTimeZone());
+    if (setting.empty()) {
+        return {std::move(detected), {}};
+    }
+    if (const std::string name = zoneName(setting); isKnown(name)) {
+        return {zoneNamed(name), {}};
+    }
+    auto [zone, lacksDaylightSaving] = readPosixTimeZone(setting);
+    if (zone == nullptr) {
+        auto trouble = troubleWith(setting, "which is no known time zone", *detected);
+        return {std::move(detected), std::move(trouble)};
+    }
+    auto trouble = lacksDaylightSaving
+                       ? troubleWith(setting, "whose daylight saving time is not understood", *zone)
+                       : std::string();
+    return {std::move(zone), std::move(trouble)};
 }
 
 }  // namespace kelmar::system

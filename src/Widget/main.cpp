@@ -70,6 +70,8 @@ int main() {
     const system::Confinement confinement = confine(folders, catalogueFolder);
     const system::SystemClock clock;
     const auto calendar = system::makeCalendar({}, {});
+    if (const std::string trouble = system::timeZoneTrouble(); !trouble.empty())
+        std::cerr << "kelmar-widgets-extension: " + trouble + '\n';
     const system::LocaleTexts localeTexts({}, {});
     const system::DiskFolder plannerFolder(folders.planner);
     system::DiskFolder tickedFolder(folders.ticked);

@@ -8,7 +8,7 @@ import subprocess
 import unittest
 import zoneinfo
 
-from planner import PlannerFolder, item, snapshot
+from planner import DueToday, PlannerFolder, item, snapshot
 from processes import wait_until
 from session import Session, binary
 
@@ -80,6 +80,42 @@ class TimeZoneTest(SettingsTest):
         self.session.settle()
         self.assertEqual(self.widget()["nextEntry"], next_midnight("America/New_York"))
         self.assertEqual(self.widget()["lastReload"]["cause"], "placed")
+
+
+class RuleTest(unittest.TestCase):
+    """TZ says how far the clocks are from Greenwich, and perhaps when they change, but no name."""
+
+    def start(self, rule):
+        session = Session()
+        self.addCleanup(session.end)
+        session.start()
+        session.environment["TZ"] = rule
+        PlannerFolder(session).publish(snapshot(today=[item("a", "Essay", "#FF00FF")]))
+        DueToday(session).start()
+        answer = subprocess.run([binary("kelmar-widgetctl"), "explain", "DueToday", "--json"],
+                                env=session.environment, check=True, stdout=subprocess.PIPE)
+        self.next_entry = json.loads(answer.stdout)[0]["widgets"][0]["nextEntry"]
+        return [line for line in session.processes.log_of("kelmar-widgets").splitlines()
+                if "TZ" in line]
+
+    @staticmethod
+    def midnight(rule):
+        """As every other program of the desktop has it."""
+        return float(subprocess.run(["date", "-d", "tomorrow 0:00", "+%s"], env={"TZ": rule},
+                                    check=True, stdout=subprocess.PIPE).stdout)
+
+    def test_day_ends_when_the_rule_says(self):
+        for rule in ("NIGHT+17:28", "CET-1CEST,M3.5.0,M10.5.0/3"):
+            with self.subTest(rule):
+                self.assertEqual(self.start(rule), [])
+                self.assertEqual(self.next_entry, self.midnight(rule))
+
+    def test_daylight_saving_time_that_is_not_understood_is_told(self):
+        rule = "IST-2IDT,M3.4.4/26,M10.5.0"
+        self.assertEqual(self.start(rule), [
+            f'kelmar-widgets-extension: TZ is "{rule}", whose daylight saving time is not '
+            "understood: UTC+02:00 is used all year"])
+        self.assertEqual(self.next_entry, self.midnight("IST-2"))
 
 
 class LocaleTest(SettingsTest):
