@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QPixmapCache>
+#include <QTimer>
+#include <chrono>
 #include <optional>
 
 #include "Desktop/BusService.h"
@@ -37,6 +39,19 @@ void tellWhatIsMissing(const Compositor& compositor, host::Log& log) {
     }
 }
 
+/// Once whoever has something to write has waited for the fonts: nobody waits for this.
+void tellIfFontsAreMissing(const paint::FontSearch& fontSearch, host::Log& log) {
+    constexpr std::chrono::seconds untilSomethingIsWritten{1};
+    QTimer::singleShot(untilSomethingIsWritten, qApp, [&fontSearch, &log] {
+        if (fontSearch.fonts().get().family(kit::FontDesign::standard).isEmpty()) {
+            log.write(host::LogLevel::error,
+                      "No font is installed that has letters: the widgets have no texts. Install "
+                      "the packages fonts-inter and fonts-quicksand, or any others, and start the "
+                      "widgets anew.");
+        }
+    });
+}
+
 }  // namespace
 
 int showDesktop(Ground& ground, const Options& options, const QDBusConnection& bus) {
@@ -49,6 +64,7 @@ int showDesktop(Ground& ground, const Options& options, const QDBusConnection& b
     const PortalSettings settings(log);
     const Compositor compositor;
     tellWhatIsMissing(compositor, log);
+    tellIfFontsAreMissing(ground.fontSearch, log);
     installWidgetAccessibility();
     Look look(settings, options.scheme, ground.fontSearch.fonts());
     Desktop desktop({.host = ground.host,

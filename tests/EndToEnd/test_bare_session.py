@@ -13,6 +13,7 @@ from session import Session, binary, make_program
 NO_BUS = "There is no session bus: "
 SILENT_BUS = "The session bus at unix:path={} does not answer: "
 NO_COMPOSITOR = "There is no compositor: "
+NO_FONT = "No font is installed that has letters: "
 NO_PORTAL = "There is no settings portal: "
 # Qt's own words.
 NO_RUNTIME_FOLDER = "QStandardPaths: XDG_RUNTIME_DIR not set"
@@ -149,6 +150,11 @@ class BareSessionTest(unittest.TestCase):
         self.assertGreater(single.count((255, 255, 255), tolerance=16), 0)
         self.assertEqual(single.differing_pixels(self.sentence(), tolerance=16), 0)
 
+    def test_without_any_font_the_rest_is_still_drawn(self):
+        self.start(FONTCONFIG_FILE=self.fonts())
+        self.assert_works()
+        self.assert_says(NO_COMPOSITOR, NO_FONT, NO_PORTAL, NO_TRAY)
+
     def test_journal_is_given_the_level_of_every_line(self):
         launcher = os.path.join(self.session.folder, "to-the-journal")
         make_program(launcher, TO_THE_JOURNAL)
@@ -180,10 +186,15 @@ class BareSessionTest(unittest.TestCase):
     def single_font(self):
         found = subprocess.run(["fc-match", "--format", "%{file}", "Inter"], check=True,
                                stdout=subprocess.PIPE, text=True).stdout
+        path = self.fonts()
+        os.symlink(found, os.path.join(os.path.dirname(path), "fonts", os.path.basename(found)))
+        return path
+
+    def fonts(self):
+        """A configuration with a folder of fonts that is empty."""
         folder = os.path.join(self.session.folder, "fonts")
         os.mkdir(folder)
-        os.symlink(found, os.path.join(folder, os.path.basename(found)))
-        path = os.path.join(self.session.folder, "single-font.conf")
+        path = os.path.join(self.session.folder, "fonts.conf")
         with open(path, "w", encoding="utf-8") as file:
             file.write(FONT_CONFIGURATION.format(folder=folder))
         return path
