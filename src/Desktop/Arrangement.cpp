@@ -12,6 +12,10 @@ namespace kelmar::desktop {
 namespace {
 
 constexpr int formatVersion = 1;
+/// Beyond these nobody has placed anything: more would only hold the start up, and longer names go
+/// to the X server and into the log.
+constexpr qsizetype mostWidgets = 1'000;
+constexpr std::size_t longestKind = 200;
 
 QString toQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -55,6 +59,14 @@ public:
             complain(key, "is not a text");
         }
         return value.toString().toStdString();
+    }
+
+    std::string name(const char* key) {
+        std::string name = text(key);
+        if (name.size() > longestKind) {
+            complain(key, "is too long to be a name");
+        }
+        return name;
     }
 
     std::string textOrNone(const char* key) {
@@ -136,7 +148,7 @@ ScreenIdentity decodeScreen(const QJsonObject& json, std::string& problem) {
 
 WidgetPlace decodeWidget(const QJsonObject& json, std::string& problem) {
     Reader reader(json, problem);
-    return {.kind = reader.text("kind"),
+    return {.kind = reader.name("kind"),
             .family = reader.named("family", kit::familyNamed),
             .screen = decodeScreen(reader.object("screen"), problem),
             .position = {reader.integer("x"), reader.integer("y")},
@@ -176,7 +188,11 @@ system::Result<Arrangement> decodeArrangement(const QByteArray& json) {
         .renderingMode = reader.named("renderingMode", kit::renderingModeNamed),
         .lock = reader.flagOrFalse("locked") ? ArrangementLock::locked : ArrangementLock::open,
         .unknown = reader.without({"version", "renderingMode", "locked", "widgets"})};
-    for (const QJsonValue widget : reader.array("widgets")) {
+    const QJsonArray widgets = reader.array("widgets");
+    if (widgets.size() > mostWidgets) {
+        reader.complain("widgets", "has more of them than any desktop");
+    }
+    for (const QJsonValue widget : widgets) {
         arrangement.widgets.push_back(decodeWidget(widget.toObject(), problem));
     }
     if (!problem.empty()) {

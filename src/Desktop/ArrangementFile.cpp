@@ -20,6 +20,9 @@ QString freeDamagedPath(const QString& path) {
     return damaged;
 }
 
+/// Far more than all widgets that a desktop has room for.
+constexpr qint64 largestFile = 16 << 20;
+
 /// Opening a FIFO would wait for somebody who writes into it, and a device may never end.
 bool isRegularFile(const QString& path) {
     return QFileInfo(path).isFile();
@@ -40,7 +43,7 @@ bool ArrangementFile::isEmpty() const {
     if (!file.exists()) {
         return true;
     }
-    if (!isRegularFile(path_) || !file.open(QIODevice::ReadOnly)) {
+    if (!isRegularFile(path_) || file.size() > largestFile || !file.open(QIODevice::ReadOnly)) {
         return false;
     }
     const system::Result<Arrangement> arrangement = decodeArrangement(file.readAll());
@@ -54,6 +57,10 @@ std::optional<Arrangement> ArrangementFile::load() {
     }
     if (!isRegularFile(path_)) {
         setAside("it is not a regular file");
+        return std::nullopt;
+    }
+    if (file.size() > largestFile) {
+        setAside("it is too large");
         return std::nullopt;
     }
     if (!file.open(QIODevice::ReadOnly)) {

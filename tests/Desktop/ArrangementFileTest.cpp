@@ -99,6 +99,17 @@ TEST_F(ArrangementFileTest, DamagedFileIsSetAsideByteForByte) {
               std::string::npos);
 }
 
+TEST_F(ArrangementFileTest, HugeFileIsSetAsideAndNotRead) {
+    write("arrangement.json", "{}");
+    ASSERT_TRUE(QFile::resize(path(), (16 << 20) + 1));
+    ArrangementFile file(path(), log_);
+    EXPECT_FALSE(file.isEmpty());
+    EXPECT_FALSE(file.load());
+    ASSERT_EQ(log_.lines.size(), 1U);
+    EXPECT_NE(log_.lines[0].find("cannot be used (it is too large)"), std::string::npos);
+    EXPECT_EQ(files(), QStringList{"arrangement.json.damaged"});
+}
+
 TEST_F(ArrangementFileTest, EarlierDamagedFileIsNotOverwritten) {
     write("arrangement.json.damaged", "first");
     write("arrangement.json", "second");

@@ -133,5 +133,30 @@ INSTANTIATE_TEST_SUITE_P(
                     "\"x\" is not a reasonable integer"}),
     [](const auto& damaged) { return std::string(damaged.param.name); });
 
+Arrangement arrangementOf(std::size_t count, std::size_t kindLength) {
+    Arrangement arrangement;
+    arrangement.widgets.assign(count, {.kind = std::string(kindLength, 'x'),
+                                       .family = kit::Family::small,
+                                       .screen = {},
+                                       .position = {}});
+    return arrangement;
+}
+
+TEST(Arrangement, HoldsAThousandWidgetsAndNoMore) {
+    EXPECT_TRUE(decodeArrangement(encodeArrangement(arrangementOf(1'000, 1))));
+    const auto more = decodeArrangement(encodeArrangement(arrangementOf(1'001, 1)));
+    ASSERT_FALSE(more);
+    EXPECT_EQ(more.failure().reason, "\"widgets\" has more of them than any desktop");
+}
+
+TEST(Arrangement, HoldsNoKindThatIsTooLongToBeAName) {
+    EXPECT_TRUE(decodeArrangement(encodeArrangement(arrangementOf(1, 200))));
+    for (const std::size_t length : {201U, 1'000'000U}) {
+        const auto longer = decodeArrangement(encodeArrangement(arrangementOf(1, length)));
+        ASSERT_FALSE(longer);
+        EXPECT_EQ(longer.failure().reason, "\"kind\" is too long to be a name");
+    }
+}
+
 }  // namespace
 }  // namespace kelmar::desktop
