@@ -175,10 +175,10 @@ void ExtensionSession::openUrl(const Id& id, const kit::OpenRequest& request) {
         return;
     }
     deadlines_.suspend();
-    const auto hasRoom =
-        urls_.add({request.url,
-                   {.activates = request.activates, .addsToRecentItems = request.addsToRecentItems},
-                   [this, id](const std::string& error) { endOpening(id, error); }});
+    const auto hasRoom = urls_.add(
+        {request.url,
+         {.activates = request.activates, .addsToRecentItems = request.addsToRecentItems},
+         [this, id, url = request.url](const std::string& error) { endOpening(id, url, error); }});
     if (!hasRoom) {
         refuse(id, "too many URLs wait to be opened", request.url);
     }
@@ -189,7 +189,10 @@ void ExtensionSession::refuse(const Id& id, const std::string& reason, const std
     noteFault(fmt::format("asked to open {}: {}", url, reason));
 }
 
-void ExtensionSession::endOpening(const Id& id, const std::string& error) {
+void ExtensionSession::endOpening(const Id& id, const std::string& url, const std::string& error) {
+    if (!error.empty()) {
+        parts_.mistakes.write(LogLevel::warning, fmt::format("{} is not opened: {}", url, error));
+    }
     answer(id, error);
     if (urls_.isEmpty()) {
         deadlines_.resume();

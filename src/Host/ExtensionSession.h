@@ -83,7 +83,7 @@ private:
     void openUrl(const Id& id, const kit::OpenRequest& request);
     void answer(const Id& id, const std::string& error);
     void refuse(const Id& id, const std::string& reason, const std::string& url);
-    void endOpening(const Id& id, const std::string& error);
+    void endOpening(const Id& id, const std::string& url, const std::string& error);
     void tellIfIdle();
     void noteFault(const std::string& what);
     void fail(const std::string& how);

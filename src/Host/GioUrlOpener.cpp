@@ -72,6 +72,12 @@ private:
             return;
         }
         holdBus();
+        if (!bus_ && g_app_info_get_commandline(handler.get()) == nullptr) {
+            launch.ended(
+                fmt::format("{} can be reached over the session bus only, and there is none",
+                            g_app_info_get_id(handler.get())));
+            return;
+        }
         auto& kept = launches_.emplace_back(std::move(launch));
         GList urls{.data = kept.url.data(), .next = nullptr, .prev = nullptr};
         const auto context = contextFor(handler.get(), kept.token);

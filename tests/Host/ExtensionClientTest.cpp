@@ -455,6 +455,7 @@ TEST_F(ExtensionClientTest, OpensUrlsOneAfterTheOtherAndAnswersWhenEachHasComple
 
     opener_.calls[0].completed("");
     opener_.calls[1].completed("no application is registered");
+    EXPECT_THAT(log_.lines, ElementsAre("clock://two is not opened: no application is registered"));
     ASSERT_THAT(process.responses(), SizeIs(2));
     EXPECT_EQ(process.responses()[0].id, kit::MessageId(7));
     EXPECT_EQ(std::get<std::string>(process.responses()[0].outcome), "{}");
