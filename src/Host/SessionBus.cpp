@@ -75,7 +75,7 @@ bool isSilentBus(const std::string& address, std::chrono::milliseconds patience)
 }
 
 std::string leaveSilentSessionBus() {
-    const auto address = mayHaveSessionBus() ? sessionBusAddress() : std::string();
+    auto address = mayHaveSessionBus() ? sessionBusAddress() : std::string();
     if (address.empty() || !isSilentBus(address, startingTime)) {
         return {};
     }

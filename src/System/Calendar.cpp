@@ -1,6 +1,7 @@
 #include "System/Calendar.h"
 
 #include <cmath>
+#include <cstdlib>
 #include <unicode/calendar.h>
 
 #include "System/Fatal.h"
@@ -113,7 +114,8 @@ std::unique_ptr<Calendar> makeCalendar(const std::string& localeId, const std::s
 }
 
 std::string timeZoneTrouble() {
-    return hostTimeZone().trouble;
+    // Else there is nothing to be wrong with, and ICU would look for the machine's zone once more.
+    return std::getenv("TZ") != nullptr ? hostTimeZone().trouble : std::string();
 }
 
 }  // namespace kelmar::system

@@ -10,18 +10,34 @@
 namespace kelmar::system {
 namespace {
 
+std::string timeZoneSetting() {
+    const auto* const variable = std::getenv("TZ");
+    return variable == nullptr ? "" : variable;
+}
+
+/// Afresh: ICU's default would stay what it was when the process started.
+std::unique_ptr<icu::TimeZone> detectedZone() {
+    return std::unique_ptr<icu::TimeZone>(icu::TimeZone::detectHostTimeZone());
+}
+
 /// The name in what TZ says, which may also be the zone's file: ICU would know that one by its
 /// present offset only.
 std::string zoneName(const std::string& setting) {
     constexpr std::string_view zoneFolder = "/zoneinfo/";
-    const std::string name = setting.starts_with(':') ? setting.substr(1) : setting;
-    if (!name.starts_with('/')) {
-        return name;
+    std::string name = setting.starts_with(':') ? setting.substr(1) : setting;
+    if (name.starts_with('/')) {
+        std::error_code error;
+        const std::string path = std::filesystem::canonical(name, error).string();
+        const auto place = path.find(zoneFolder);
+        name = place == std::string::npos ? name : path.substr(place + zoneFolder.size());
     }
-    std::error_code error;
-    const std::string path = std::filesystem::canonical(name, error).string();
-    const auto place = path.find(zoneFolder);
-    return place == std::string::npos ? name : path.substr(place + zoneFolder.size());
+    // Without and with leap seconds, which neither the snapshot nor ICU counts.
+    for (const std::string_view variant : {"posix/", "right/"}) {
+        if (name.starts_with(variant)) {
+            return name.substr(variant.size());
+        }
+    }
+    return name;
 }
 
 bool isKnown(const std::string& name) {
@@ -58,18 +74,16 @@ std::unique_ptr<icu::TimeZone> makeTimeZone(const std::string& timeZoneId) {
 }
 
 HostTimeZone hostTimeZone() {
-    const auto* const variable = std::getenv("TZ");
-    const std::string setting = variable == nullptr ? "" : variable;
-    // Detected afresh: ICU's default would stay what it was when the process started.
-    std::unique_ptr<icu::TimeZone> detected(icu::TimeZone::detectHostTimeZone());
+    const std::string setting = timeZoneSetting();
     if (setting.empty()) {
-        return {std::move(detected), {}};
+        return {detectedZone(), {}};
     }
     if (const std::string name = zoneName(setting); isKnown(name)) {
         return {zoneNamed(name), {}};
     }
     auto [zone, lacksDaylightSaving] = readPosixTimeZone(setting);
     if (zone == nullptr) {
+        auto detected = detectedZone();
         auto trouble = troubleWith(setting, "which is no known time zone", *detected);
         return {std::move(detected), std::move(trouble)};
     }

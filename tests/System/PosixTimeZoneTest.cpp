@@ -73,6 +73,7 @@ INSTANTIATE_TEST_SUITE_P(
                       RuleCase{"NameOfAZone", "Europe/Berlin"},
                       RuleCase{"NameAfterAColon", ":America/New_York"},
                       RuleCase{"NameLikeARule", "EST5EDT"},
+                      RuleCase{"NameWithoutLeapSeconds", "posix/Europe/Berlin"},
                       RuleCase{"File", "/usr/share/zoneinfo/Europe/Berlin"}),
     [](const auto& each) { return std::string(each.param.name); });
 
