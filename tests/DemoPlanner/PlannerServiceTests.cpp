@@ -21,25 +21,25 @@ using testing::Not;
 
 class PlannerServiceTest : public testing::Test {
 protected:
-    Surroundings around;
-    RecordingStorage storage;
-    std::vector<std::string> log;
+    Surroundings around_;
+    RecordingStorage storage_;
+    std::vector<std::string> log_;
 
     [[nodiscard]] PlannerService start() {
-        return {storage, around.clock, around.calendars,
-                [this](std::string_view line) { log.emplace_back(line); }};
+        return {storage_, around_.clock, around_.calendars,
+                [this](std::string_view line) { log_.emplace_back(line); }};
     }
 
     [[nodiscard]] WidgetData published() const {
-        const auto data = shared::decodeSnapshot(storage.published);
-        EXPECT_TRUE(data) << storage.published;
+        const auto data = shared::decodeSnapshot(storage_.published);
+        EXPECT_TRUE(data) << storage_.published;
         return data ? *data : WidgetData();
     }
 
     /// Ticks an assignment off as a widget does.
     void tick(const std::string& id) {
-        storage.ticks[WidgetTicks::fileName(id)] =
-            WidgetTicks::encode({"A title", around.clock.now()});
+        storage_.ticks[WidgetTicks::fileName(id)] =
+            WidgetTicks::encode({"A title", around_.clock.now()});
     }
 
     [[nodiscard]] static std::string doneName(const std::string& id) {
@@ -55,19 +55,19 @@ protected:
 
 TEST_F(PlannerServiceTest, TheFirstStartPublishesAWeek) {
     const PlannerService service = start();
-    EXPECT_THAT(storage.events, ElementsAre("save", "publish"));
+    EXPECT_THAT(storage_.events, ElementsAre("save", "publish"));
     EXPECT_THAT(published().today, Not(IsEmpty()));
-    EXPECT_THAT(log, IsEmpty());
+    EXPECT_THAT(log_, IsEmpty());
 }
 
 TEST_F(PlannerServiceTest, ATickIsTakenOverOnlyAfterTheWidgetsHaveASnapshotWithoutIt) {
     PlannerService service = start();
     const std::string id = published().today.front().id;
     tick(id);
-    storage.events.clear();
+    storage_.events.clear();
     EXPECT_FALSE(service.open("kelmarplanner://ticked"));
     EXPECT_THAT(
-        storage.events,
+        storage_.events,
         ElementsAre("save", "publish", "rename " + WidgetTicks::fileName(id) + " " + doneName(id)));
     EXPECT_FALSE(isPublishedToday(id));
 }
@@ -76,13 +76,13 @@ TEST_F(PlannerServiceTest, ATickStaysPendingWhileTheSnapshotCannotBeWritten) {
     PlannerService service = start();
     const std::string id = published().today.front().id;
     tick(id);
-    storage.isFull = true;
+    storage_.isFull = true;
     service.open("kelmarplanner://ticked");
-    EXPECT_TRUE(storage.ticks.contains(WidgetTicks::fileName(id)));
-    EXPECT_THAT(log, Contains(HasSubstr("no space left")));
-    storage.isFull = false;
+    EXPECT_TRUE(storage_.ticks.contains(WidgetTicks::fileName(id)));
+    EXPECT_THAT(log_, Contains(HasSubstr("no space left")));
+    storage_.isFull = false;
     service.open("kelmarplanner://ticked");
-    EXPECT_TRUE(storage.ticks.contains(doneName(id)));
+    EXPECT_TRUE(storage_.ticks.contains(doneName(id)));
     EXPECT_FALSE(isPublishedToday(id));
 }
 
@@ -92,12 +92,12 @@ TEST_F(PlannerServiceTest, SeveralTicksAreTakenOverWithOneSnapshot) {
     for (const WidgetData::Item& item : today) {
         tick(item.id);
     }
-    storage.events.clear();
+    storage_.events.clear();
     service.open("kelmarplanner://ticked");
-    EXPECT_EQ(std::count(storage.events.begin(), storage.events.end(), "publish"), 1);
+    EXPECT_EQ(std::count(storage_.events.begin(), storage_.events.end(), "publish"), 1);
     EXPECT_THAT(published().today, IsEmpty());
     EXPECT_EQ(published().streak->count, 7);
-    EXPECT_EQ(storage.ticks.size(), today.size());
+    EXPECT_EQ(storage_.ticks.size(), today.size());
 }
 
 TEST_F(PlannerServiceTest, ATickOfWhatIsDoneAlreadyReplacesItsDoneFile) {
@@ -109,7 +109,7 @@ TEST_F(PlannerServiceTest, ATickOfWhatIsDoneAlreadyReplacesItsDoneFile) {
     const WidgetData before = published();
     service.open("kelmarplanner://ticked");
     EXPECT_EQ(published(), before);
-    EXPECT_THAT(storage.tickFiles(), ElementsAre(doneName(id)));
+    EXPECT_THAT(storage_.tickFiles(), ElementsAre(doneName(id)));
 }
 
 TEST_F(PlannerServiceTest, ATickOfAnUnknownAssignmentIsLoggedAndPutAway) {
@@ -118,26 +118,26 @@ TEST_F(PlannerServiceTest, ATickOfAnUnknownAssignmentIsLoggedAndPutAway) {
     tick("nothing");
     service.open("kelmarplanner://ticked");
     EXPECT_EQ(published(), before);
-    EXPECT_THAT(storage.tickFiles(), ElementsAre(doneName("nothing")));
-    EXPECT_THAT(log, ElementsAre(HasSubstr("nothing")));
+    EXPECT_THAT(storage_.tickFiles(), ElementsAre(doneName("nothing")));
+    EXPECT_THAT(log_, ElementsAre(HasSubstr("nothing")));
 }
 
 TEST_F(PlannerServiceTest, TheNameOfATickCountsEvenWhenItsTextIsMalformed) {
     PlannerService service = start();
     const std::string id = published().today.front().id;
-    storage.ticks[WidgetTicks::fileName(id)] = "{\"title\": \"half a no";
+    storage_.ticks[WidgetTicks::fileName(id)] = R"({"title": "half a no)";
     service.open("kelmarplanner://ticked");
     EXPECT_FALSE(isPublishedToday(id));
-    EXPECT_FALSE(storage.ticks.contains(WidgetTicks::fileName(id)));
+    EXPECT_FALSE(storage_.ticks.contains(WidgetTicks::fileName(id)));
 }
 
 TEST_F(PlannerServiceTest, FilesThatAreNoTicksAreLeftAlone) {
     PlannerService service = start();
-    storage.ticks = {{"tick-", "{}"},    {"tick-*", "{}"},  {"tick-A", "{}"},
-                     {"notes.txt", "x"}, {"done-", "junk"}, {"TICK-YQ", "{}"}};
-    const auto before = storage.ticks;
+    storage_.ticks = {{"tick-", "{}"},    {"tick-*", "{}"},  {"tick-A", "{}"},
+                      {"notes.txt", "x"}, {"done-", "junk"}, {"TICK-YQ", "{}"}};
+    const auto before = storage_.ticks;
     service.open("kelmarplanner://ticked");
-    EXPECT_EQ(storage.ticks, before);
+    EXPECT_EQ(storage_.ticks, before);
 }
 
 TEST_F(PlannerServiceTest, DoneFilesStayForUndoAndAreClearedLater) {
@@ -145,21 +145,21 @@ TEST_F(PlannerServiceTest, DoneFilesStayForUndoAndAreClearedLater) {
     const std::string id = published().today.front().id;
     tick(id);
     service.open("kelmarplanner://ticked");
-    around.clock.set(around.clock.now() + PlannerService::doneAge);
+    around_.clock.set(around_.clock.now() + PlannerService::doneAge);
     service.open("kelmarplanner://ticked");
-    EXPECT_TRUE(storage.ticks.contains(doneName(id)));
-    around.clock.set(around.clock.now() + 1);
+    EXPECT_TRUE(storage_.ticks.contains(doneName(id)));
+    around_.clock.set(around_.clock.now() + 1);
     service.open("kelmarplanner://ticked");
-    EXPECT_THAT(storage.tickFiles(), IsEmpty());
+    EXPECT_THAT(storage_.tickFiles(), IsEmpty());
 }
 
 TEST_F(PlannerServiceTest, DoneFilesThatCannotBeUndoneAreCleared) {
     PlannerService service = start();
-    storage.ticks = {
+    storage_.ticks = {
         {doneName("malformed"), "{"},
-        {doneName("future"), WidgetTicks::encode({"A title", around.clock.now() + 3600})}};
+        {doneName("future"), WidgetTicks::encode({"A title", around_.clock.now() + 3600})}};
     service.open("kelmarplanner://ticked");
-    EXPECT_THAT(storage.tickFiles(), IsEmpty());
+    EXPECT_THAT(storage_.tickFiles(), IsEmpty());
 }
 
 TEST_F(PlannerServiceTest, UntickBringsTheAssignmentBack) {
@@ -168,7 +168,7 @@ TEST_F(PlannerServiceTest, UntickBringsTheAssignmentBack) {
     const std::string id = before.today.front().id;
     tick(id);
     service.open("kelmarplanner://ticked");
-    storage.ticks.clear();
+    storage_.ticks.clear();
     service.open("kelmarplanner://untick/" + system::encodeUrlPath(id, system::Slash::encoded));
     EXPECT_EQ(published(), before);
 }
@@ -178,7 +178,7 @@ TEST_F(PlannerServiceTest, UntickOfAnUnknownAssignmentIsLogged) {
     const WidgetData before = published();
     service.open("kelmarplanner://untick/nothing");
     EXPECT_EQ(published(), before);
-    EXPECT_THAT(log, ElementsAre(HasSubstr("nothing")));
+    EXPECT_THAT(log_, ElementsAre(HasSubstr("nothing")));
 }
 
 TEST_F(PlannerServiceTest, TicksOfTheMeantimeAreTakenOverAtTheStart) {
@@ -190,38 +190,38 @@ TEST_F(PlannerServiceTest, TicksOfTheMeantimeAreTakenOverAtTheStart) {
     tick(id);
     const PlannerService again = start();
     EXPECT_FALSE(isPublishedToday(id));
-    EXPECT_TRUE(storage.ticks.contains(doneName(id)));
+    EXPECT_TRUE(storage_.ticks.contains(doneName(id)));
 }
 
 TEST_F(PlannerServiceTest, DeepLinksAreGivenBackAndChangeNothing) {
     PlannerService service = start();
-    storage.events.clear();
+    storage_.events.clear();
     EXPECT_EQ(service.open("kelmarplanner://class/spanish"), DeepLink(ShowClass{"spanish"}));
-    EXPECT_THAT(storage.events, IsEmpty());
+    EXPECT_THAT(storage_.events, IsEmpty());
 }
 
 TEST_F(PlannerServiceTest, AMalformedUrlIsLoggedInOneLineAndChangesNothing) {
     PlannerService service = start();
-    storage.events.clear();
+    storage_.events.clear();
     EXPECT_FALSE(service.open("kelmarplanner://timer/start?mins=-5"));
-    EXPECT_THAT(storage.events, IsEmpty());
-    EXPECT_THAT(log, ElementsAre(HasSubstr("kelmarplanner://timer/start?mins=-5")));
+    EXPECT_THAT(storage_.events, IsEmpty());
+    EXPECT_THAT(log_, ElementsAre(HasSubstr("kelmarplanner://timer/start?mins=-5")));
 }
 
 TEST_F(PlannerServiceTest, TheTimerIsRunByUrlsAndRingsByItself) {
     PlannerService service = start();
     service.open("kelmarplanner://timer/start?mins=15");
     EXPECT_EQ(published().timer->state, "running");
-    EXPECT_EQ(published().timer->endAt, around.at(0, 15, 15));
-    EXPECT_EQ(service.nextChange(), around.at(0, 15, 15));
+    EXPECT_EQ(published().timer->endAt, around_.at(0, 15, 15));
+    EXPECT_EQ(service.nextChange(), around_.at(0, 15, 15));
 
-    around.clock.set(around.at(0, 15, 5));
+    around_.clock.set(around_.at(0, 15, 5));
     service.open("kelmarplanner://timer/off");
     EXPECT_EQ(published().timer->state, "paused");
     EXPECT_EQ(published().timer->secsLeft, 600);
     service.open("kelmarplanner://timer/on");
 
-    around.clock.set(around.at(0, 15, 15));
+    around_.clock.set(around_.at(0, 15, 15));
     service.wake();
     EXPECT_TRUE(published().timer->ringing);
     service.open("kelmarplanner://timer/on");
@@ -233,7 +233,7 @@ TEST_F(PlannerServiceTest, TheTimerIsRunByUrlsAndRingsByItself) {
 TEST_F(PlannerServiceTest, StoppingAnAlarmThatIsDueButNotYetNoticedStopsIt) {
     PlannerService service = start();
     service.open("kelmarplanner://timer/start?mins=15");
-    around.clock.set(around.at(0, 15, 20));
+    around_.clock.set(around_.at(0, 15, 20));
     service.open("kelmarplanner://timer/on");
     EXPECT_EQ(published().timer->state, "ready");
     EXPECT_TRUE(published().timer->isBreak);
@@ -241,18 +241,18 @@ TEST_F(PlannerServiceTest, StoppingAnAlarmThatIsDueButNotYetNoticedStopsIt) {
 
 TEST_F(PlannerServiceTest, WakingWithoutAReasonWritesNothing) {
     PlannerService service = start();
-    storage.events.clear();
-    around.clock.set(around.clock.now() + 600);
+    storage_.events.clear();
+    around_.clock.set(around_.clock.now() + 600);
     service.wake();
-    EXPECT_THAT(storage.events, IsEmpty());
+    EXPECT_THAT(storage_.events, IsEmpty());
 }
 
 TEST_F(PlannerServiceTest, AtMidnightANewDayIsPublished) {
     PlannerService service = start();
-    around.clock.set(service.nextChange().value());
+    around_.clock.set(service.nextChange().value());
     service.wake();
-    EXPECT_EQ(published().schedule->front().day, around.at(1, 0));
-    EXPECT_EQ(published().updated, around.at(1, 0));
+    EXPECT_EQ(published().schedule->front().day, around_.at(1, 0));
+    EXPECT_EQ(published().updated, around_.at(1, 0));
 }
 
 TEST_F(PlannerServiceTest, ARestartGoesOnWhereTheLastRunEnded) {
@@ -264,7 +264,7 @@ TEST_F(PlannerServiceTest, ARestartGoesOnWhereTheLastRunEnded) {
         service.setSchoolCalendarConnected(false);
         before = published();
     }
-    storage.published.clear();
+    storage_.published.clear();
     const PlannerService again = start();
     EXPECT_EQ(published(), before);
 }
@@ -274,15 +274,15 @@ TEST_F(PlannerServiceTest, ASessionThatRanOutMeanwhileRingsAfterTheRestart) {
         PlannerService service = start();
         service.open("kelmarplanner://timer/start?mins=15");
     }
-    around.clock.set(around.at(0, 16));
+    around_.clock.set(around_.at(0, 16));
     const PlannerService again = start();
     EXPECT_TRUE(published().timer->ringing);
 }
 
 TEST_F(PlannerServiceTest, AnUnusableStateIsLoggedAndANewWeekBegins) {
-    storage.state = "{\"version\": 1}";
+    storage_.state = "{\"version\": 1}";
     const PlannerService service = start();
-    EXPECT_THAT(log, ElementsAre(HasSubstr("unusable")));
+    EXPECT_THAT(log_, ElementsAre(HasSubstr("unusable")));
     EXPECT_THAT(published().today, Not(IsEmpty()));
 }
 

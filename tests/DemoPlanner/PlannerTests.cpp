@@ -15,20 +15,20 @@ using system::Date;
 
 class PlannerTest : public testing::Test {
 protected:
-    Surroundings around;
-    const Date afternoon = around.at(0, 15);
-    Planner planner{PlannerState::begun(afternoon, *around.calendar), around.calendars};
+    Surroundings around_;
+    const Date afternoon_ = around_.at(0, 15);
+    Planner planner_{PlannerState::begun(afternoon_, *around_.calendar), around_.calendars};
 
     void finish(const std::vector<WidgetData::Item>& items, Date now) {
         for (const WidgetData::Item& item : items) {
-            ASSERT_TRUE(planner.setDone(item.id, true, now));
+            ASSERT_TRUE(planner_.setDone(item.id, true, now));
         }
     }
 };
 
 TEST_F(PlannerTest, PublishesEverythingThatTheWidgetsShow) {
-    const WidgetData data = planner.snapshot(afternoon);
-    EXPECT_EQ(data.updated, afternoon);
+    const WidgetData data = planner_.snapshot(afternoon_);
+    EXPECT_EQ(data.updated, afternoon_);
     EXPECT_TRUE(data.signedIn);
     EXPECT_GE(data.today.size(), 3U);
     EXPECT_GE(data.upcoming.size(), 10U);
@@ -39,39 +39,39 @@ TEST_F(PlannerTest, PublishesEverythingThatTheWidgetsShow) {
 }
 
 TEST_F(PlannerTest, SignedOutPublishesNothingOfTheStudent) {
-    planner.setSignedIn(false);
+    planner_.setSignedIn(false);
     WidgetData expected;
-    expected.updated = afternoon;
-    EXPECT_EQ(planner.snapshot(afternoon), expected);
+    expected.updated = afternoon_;
+    EXPECT_EQ(planner_.snapshot(afternoon_), expected);
 }
 
 TEST_F(PlannerTest, WithoutTheSchoolCalendarTheTimetableIsEmptyButThere) {
-    planner.setSchoolCalendarConnected(false);
-    const WidgetData data = planner.snapshot(afternoon);
+    planner_.setSchoolCalendarConnected(false);
+    const WidgetData data = planner_.snapshot(afternoon_);
     ASSERT_TRUE(data.schedule);
     EXPECT_TRUE(data.schedule->empty());
 }
 
 TEST_F(PlannerTest, TheStreakGrowsWithTheLastAssignmentOfTheDay) {
-    std::vector<WidgetData::Item> today = planner.snapshot(afternoon).today;
+    std::vector<WidgetData::Item> today = planner_.snapshot(afternoon_).today;
     const WidgetData::Item last = today.back();
     today.pop_back();
-    finish(today, afternoon);
-    EXPECT_EQ(planner.snapshot(afternoon).streak->count, 6);
-    finish({last}, afternoon);
-    EXPECT_EQ(planner.snapshot(afternoon).streak->count, 7);
-    EXPECT_TRUE(planner.snapshot(afternoon).today.empty());
-    EXPECT_TRUE(planner.setDone(last.id, false, afternoon));
-    EXPECT_EQ(planner.snapshot(afternoon).streak->count, 6);
+    finish(today, afternoon_);
+    EXPECT_EQ(planner_.snapshot(afternoon_).streak->count, 6);
+    finish({last}, afternoon_);
+    EXPECT_EQ(planner_.snapshot(afternoon_).streak->count, 7);
+    EXPECT_TRUE(planner_.snapshot(afternoon_).today.empty());
+    EXPECT_TRUE(planner_.setDone(last.id, false, afternoon_));
+    EXPECT_EQ(planner_.snapshot(afternoon_).streak->count, 6);
 }
 
 TEST_F(PlannerTest, AtMidnightTomorrowBecomesTodayAndTheTimetableMovesOn) {
-    finish(planner.snapshot(afternoon).today, afternoon);
-    const WidgetData before = planner.snapshot(afternoon);
-    const Date midnight = around.at(1, 0);
-    planner.advance(midnight);
-    const WidgetData after = planner.snapshot(midnight);
-    EXPECT_EQ(after.today, before.regrouped(midnight, *around.calendar).today);
+    finish(planner_.snapshot(afternoon_).today, afternoon_);
+    const WidgetData before = planner_.snapshot(afternoon_);
+    const Date midnight = around_.at(1, 0);
+    planner_.advance(midnight);
+    const WidgetData after = planner_.snapshot(midnight);
+    EXPECT_EQ(after.today, before.regrouped(midnight, *around_.calendar).today);
     EXPECT_FALSE(after.today.empty());
     EXPECT_EQ(after.schedule->front().day, midnight);
     EXPECT_EQ(after.streak->count, 7);
@@ -79,54 +79,54 @@ TEST_F(PlannerTest, AtMidnightTomorrowBecomesTodayAndTheTimetableMovesOn) {
 }
 
 TEST_F(PlannerTest, UnfinishedWorkIsOverdueTheNextDay) {
-    const WidgetData::Item first = planner.snapshot(afternoon).today.back();
-    planner.advance(around.at(1, 9));
-    const std::vector<WidgetData::Item> today = planner.snapshot(around.at(1, 9)).today;
+    const WidgetData::Item first = planner_.snapshot(afternoon_).today.back();
+    planner_.advance(around_.at(1, 9));
+    const std::vector<WidgetData::Item> today = planner_.snapshot(around_.at(1, 9)).today;
     EXPECT_NE(std::find(today.begin(), today.end(), first), today.end());
 }
 
 TEST_F(PlannerTest, ADayOnWhichEverythingWasDoneAheadCountsAtMidnight) {
-    const WidgetData data = planner.snapshot(afternoon);
-    finish(data.today, afternoon);
-    finish(data.upcoming, afternoon);
-    planner.advance(around.at(1, 0));
-    EXPECT_EQ(planner.state().streak.streak.count, 8);
+    const WidgetData data = planner_.snapshot(afternoon_);
+    finish(data.today, afternoon_);
+    finish(data.upcoming, afternoon_);
+    planner_.advance(around_.at(1, 0));
+    EXPECT_EQ(planner_.state().streak.streak.count, 8);
 }
 
 TEST_F(PlannerTest, WakesAtMidnightOrWhenTheSessionEnds) {
-    EXPECT_EQ(planner.nextChange(afternoon), around.at(1, 0));
-    planner.startTimer(afternoon, 25);
-    EXPECT_EQ(planner.nextChange(afternoon), afternoon + 25 * 60);
-    planner.turnTimerOff(afternoon + 60);
-    EXPECT_EQ(planner.nextChange(afternoon + 60), around.at(1, 0));
-    planner.startTimer(around.at(0, 23, 50), 25);
-    EXPECT_EQ(planner.nextChange(around.at(0, 23, 50)), around.at(1, 0));
+    EXPECT_EQ(planner_.nextChange(afternoon_), around_.at(1, 0));
+    planner_.startTimer(afternoon_, 25);
+    EXPECT_EQ(planner_.nextChange(afternoon_), afternoon_ + 25 * 60);
+    planner_.turnTimerOff(afternoon_ + 60);
+    EXPECT_EQ(planner_.nextChange(afternoon_ + 60), around_.at(1, 0));
+    planner_.startTimer(around_.at(0, 23, 50), 25);
+    EXPECT_EQ(planner_.nextChange(around_.at(0, 23, 50)), around_.at(1, 0));
 }
 
 TEST_F(PlannerTest, StudyBeginsWithWhatIsDueFirst) {
-    const WidgetData::Item first = planner.snapshot(afternoon).today.front();
-    EXPECT_EQ(planner.timer(afternoon).sessionTitle, first.title);
-    planner.turnTimerOn(afternoon);
-    ASSERT_TRUE(planner.setDone(first.id, true, afternoon));
-    EXPECT_EQ(planner.timer(afternoon).sessionTitle, first.title) << "while it runs";
-    EXPECT_EQ(planner.timer(afternoon).classColor, first.classColor);
+    const WidgetData::Item first = planner_.snapshot(afternoon_).today.front();
+    EXPECT_EQ(planner_.timer(afternoon_).sessionTitle, first.title);
+    planner_.turnTimerOn(afternoon_);
+    ASSERT_TRUE(planner_.setDone(first.id, true, afternoon_));
+    EXPECT_EQ(planner_.timer(afternoon_).sessionTitle, first.title) << "while it runs";
+    EXPECT_EQ(planner_.timer(afternoon_).classColor, first.classColor);
 }
 
 TEST_F(PlannerTest, WithEverythingDoneStudyIsFree) {
-    const WidgetData data = planner.snapshot(afternoon);
-    finish(data.today, afternoon);
-    finish(data.upcoming, afternoon);
-    EXPECT_EQ(planner.timer(afternoon).sessionTitle, "");
-    EXPECT_EQ(planner.timer(afternoon).className, "Free study");
+    const WidgetData data = planner_.snapshot(afternoon_);
+    finish(data.today, afternoon_);
+    finish(data.upcoming, afternoon_);
+    EXPECT_EQ(planner_.timer(afternoon_).sessionTitle, "");
+    EXPECT_EQ(planner_.timer(afternoon_).className, "Free study");
 }
 
 TEST_F(PlannerTest, TodayListsOpenWorkFirstAndThenWhatIsDoneOfTheDay) {
-    const std::vector<Assignment> before = planner.today(afternoon);
+    const std::vector<Assignment> before = planner_.today(afternoon_);
     const std::string overdue = before.front().item.id;
     const std::string due = before.back().item.id;
-    ASSERT_TRUE(planner.setDone(overdue, true, afternoon));
-    ASSERT_TRUE(planner.setDone(due, true, afternoon));
-    const std::vector<Assignment> after = planner.today(afternoon);
+    ASSERT_TRUE(planner_.setDone(overdue, true, afternoon_));
+    ASSERT_TRUE(planner_.setDone(due, true, afternoon_));
+    const std::vector<Assignment> after = planner_.today(afternoon_);
     ASSERT_EQ(after.size(), before.size() - 1) << "yesterday's finished work is gone";
     EXPECT_EQ(after.back().item.id, due);
     EXPECT_TRUE(after.back().done);

@@ -15,13 +15,13 @@ using testing::Not;
 
 class PlannerWindowTest : public testing::Test {
 protected:
-    PlannerWindowTest() { window.present({}); }
+    PlannerWindowTest() { window_.present({}); }
 
     /// What the window shows in words.
     [[nodiscard]] std::vector<std::string> labels() const {
         QApplication::processEvents();
         std::vector<std::string> texts;
-        for (const QLabel* label : window.findChildren<QLabel*>()) {
+        for (const QLabel* label : window_.findChildren<QLabel*>()) {
             if (label->isVisible()) {
                 texts.push_back(label->text().toStdString());
             }
@@ -31,7 +31,7 @@ protected:
 
     [[nodiscard]] QCheckBox& box(const std::string& text) const {
         QApplication::processEvents();
-        for (QCheckBox* each : window.findChildren<QCheckBox*>()) {
+        for (QCheckBox* each : window_.findChildren<QCheckBox*>()) {
             if (each->isVisible() && each->text().toStdString() == text) {
                 return *each;
             }
@@ -39,20 +39,20 @@ protected:
         throw std::runtime_error("no check box " + text);
     }
 
-    [[nodiscard]] QPushButton& timerButton() const { return *window.findChild<QPushButton*>(); }
+    [[nodiscard]] QPushButton& timerButton() const { return *window_.findChild<QPushButton*>(); }
 
-    Surroundings around;
-    RecordingStorage storage;
-    PlannerService service{storage, around.clock, around.calendars, [](std::string_view) {}};
-    int changes = 0;
-    PlannerWindow window{service, *around.calendar, [this] {
-                             ++changes;
-                             window.refresh();
-                         }};
+    Surroundings around_;
+    RecordingStorage storage_;
+    PlannerService service_{storage_, around_.clock, around_.calendars, [](std::string_view) {}};
+    int changes_ = 0;
+    PlannerWindow window_{service_, *around_.calendar, [this] {
+                              ++changes_;
+                              window_.refresh();
+                          }};
 };
 
 TEST_F(PlannerWindowTest, ListsTodaysWorkTheTimerAndTheStreak) {
-    for (const Assignment& assignment : service.today()) {
+    for (const Assignment& assignment : service_.today()) {
         EXPECT_FALSE(box(assignment.item.title).isChecked());
     }
     EXPECT_THAT(labels(), Contains("Nothing asked for yet"));
@@ -61,52 +61,52 @@ TEST_F(PlannerWindowTest, ListsTodaysWorkTheTimerAndTheStreak) {
 }
 
 TEST_F(PlannerWindowTest, SaysWhatADeepLinkWouldOpen) {
-    const Assignment assignment = service.today().back();
-    window.hide();
-    window.showOpening(ShowAssignment{assignment.item.id}, "kelmarplanner://assignment/x");
-    window.present({});
-    EXPECT_TRUE(window.isVisible());
+    const Assignment assignment = service_.today().back();
+    window_.hide();
+    window_.showOpening(ShowAssignment{assignment.item.id}, "kelmarplanner://assignment/x");
+    window_.present({});
+    EXPECT_TRUE(window_.isVisible());
     EXPECT_THAT(labels(), Contains("Would open · Assignment"));
     EXPECT_THAT(labels(), Contains(assignment.item.title));
     EXPECT_THAT(labels(), Contains("kelmarplanner://assignment/x"));
-    window.showOpening(ShowClass{"spanish"}, "kelmarplanner://class/spanish");
+    window_.showOpening(ShowClass{"spanish"}, "kelmarplanner://class/spanish");
     EXPECT_THAT(labels(), Contains("Spanish II"));
     EXPECT_THAT(labels(), Not(Contains(assignment.item.title)));
 }
 
 TEST_F(PlannerWindowTest, CheckingAnAssignmentMarksItDoneAndUncheckingTakesItBack) {
-    const Assignment assignment = service.today().back();
+    const Assignment assignment = service_.today().back();
     box(assignment.item.title).click();
-    EXPECT_TRUE(service.planner().state().coursework.find(assignment.item.id)->done);
+    EXPECT_TRUE(service_.planner().state().coursework.find(assignment.item.id)->done);
     EXPECT_TRUE(box(assignment.item.title).isChecked());
     EXPECT_THAT(labels(), Contains("done"));
     box(assignment.item.title).click();
-    EXPECT_FALSE(service.planner().state().coursework.find(assignment.item.id)->done);
-    EXPECT_EQ(changes, 2);
+    EXPECT_FALSE(service_.planner().state().coursework.find(assignment.item.id)->done);
+    EXPECT_EQ(changes_, 2);
 }
 
 TEST_F(PlannerWindowTest, TheTimersButtonStartsAndPausesIt) {
     timerButton().click();
-    EXPECT_EQ(service.planner().state().timer.phase, StudyTimer::Phase::running);
+    EXPECT_EQ(service_.planner().state().timer.phase, StudyTimer::Phase::running);
     EXPECT_EQ(timerButton().text(), "Pause");
     timerButton().click();
-    EXPECT_EQ(service.planner().state().timer.phase, StudyTimer::Phase::paused);
+    EXPECT_EQ(service_.planner().state().timer.phase, StudyTimer::Phase::paused);
     EXPECT_EQ(timerButton().text(), "Resume");
 }
 
 TEST_F(PlannerWindowTest, TheSwitchesSignOutAndDisconnectTheCalendar) {
     box("Signed in").click();
     box("School calendar connected").click();
-    EXPECT_FALSE(service.planner().state().signedIn);
-    EXPECT_FALSE(service.planner().state().schoolCalendarConnected);
+    EXPECT_FALSE(service_.planner().state().signedIn);
+    EXPECT_FALSE(service_.planner().state().schoolCalendarConnected);
 }
 
 TEST_F(PlannerWindowTest, AHiddenWindowIsBroughtUpToDateWhenItIsShownAgain) {
-    window.hide();
-    service.perform(TurnTimerOn{});
-    window.refresh();
+    window_.hide();
+    service_.perform(TurnTimerOn{});
+    window_.refresh();
     EXPECT_EQ(timerButton().text(), "Start");
-    window.present({});
+    window_.present({});
     EXPECT_EQ(timerButton().text(), "Pause");
 }
 

@@ -59,32 +59,33 @@ struct Outcome {
 
 /// The program in a home of its own, which only the account database knows of.
 class DemoProcessTest : public testing::Test {
+public:
+    ~DemoProcessTest() override {
+        if (running_) {
+            running_->kill();
+            running_->waitForFinished(patienceMilliseconds);
+        }
+        fs::remove_all(root_);
+    }
+
 protected:
     DemoProcessTest() {
         std::string name = fs::temp_directory_path() / "planner-demo-XXXXXX";
-        root = ::mkdtemp(name.data());
-        home = root / "home";
-        folder = home / shared::plannerFolderPath;
-        fs::create_directories(home);
-        fs::create_directories(root / "run");
-        fs::permissions(root / "run", fs::perms::owner_all);
-        writeFile(root / "passwd", "student:x:" + std::to_string(::getuid()) + ":" +
-                                       std::to_string(::getgid()) + "::" + home.string() +
-                                       ":/bin/sh\n");
-        writeFile(root / "group", "student:x:" + std::to_string(::getgid()) + ":\n");
-    }
-
-    ~DemoProcessTest() override {
-        if (running) {
-            running->kill();
-            running->waitForFinished(patienceMilliseconds);
-        }
-        fs::remove_all(root);
+        root_ = ::mkdtemp(name.data());
+        home_ = root_ / "home";
+        folder_ = home_ / shared::plannerFolderPath;
+        fs::create_directories(home_);
+        fs::create_directories(root_ / "run");
+        fs::permissions(root_ / "run", fs::perms::owner_all);
+        writeFile(root_ / "passwd", "student:x:" + std::to_string(::getuid()) + ":" +
+                                        std::to_string(::getgid()) + "::" + home_.string() +
+                                        ":/bin/sh\n");
+        writeFile(root_ / "group", "student:x:" + std::to_string(::getgid()) + ":\n");
     }
 
     [[nodiscard]] QProcessEnvironment environment() const {
         const auto path = [&](const char* name) {
-            return QString::fromStdString((root / name).string());
+            return QString::fromStdString((root_ / name).string());
         };
         QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
         variables.insert("LD_PRELOAD", NSS_WRAPPER_LIBRARY);
@@ -115,10 +116,10 @@ protected:
 
     /// Starts the one that stays, and waits until it has published.
     void launch(const QStringList& arguments = {"--background"}) {
-        fs::remove(folder / "widget.json");
-        running = begin(arguments);
-        ASSERT_TRUE(waitUntil([&] { return fs::exists(folder / "widget.json"); }))
-            << running->readAllStandardError().toStdString();
+        fs::remove(folder_ / "widget.json");
+        running_ = begin(arguments);
+        ASSERT_TRUE(waitUntil([&] { return fs::exists(folder_ / "widget.json"); }))
+            << running_->readAllStandardError().toStdString();
     }
 
     [[nodiscard]] Outcome run(const QStringList& arguments) const {
@@ -130,22 +131,22 @@ protected:
     }
 
     [[nodiscard]] WidgetData published() const {
-        const auto data = shared::decodeSnapshot(textOf(folder / "widget.json"));
+        const auto data = shared::decodeSnapshot(textOf(folder_ / "widget.json"));
         EXPECT_TRUE(data);
         return data ? *data : WidgetData();
     }
 
-    fs::path root;
-    fs::path home;
-    fs::path folder;
-    std::unique_ptr<QProcess> running;
+    fs::path root_;
+    fs::path home_;
+    fs::path folder_;
+    std::unique_ptr<QProcess> running_;
 };
 
 TEST_F(DemoProcessTest, PublishesInTheHomeOfTheAccountDatabase) {
     launch();
     EXPECT_TRUE(published().signedIn);
-    EXPECT_TRUE(fs::is_directory(folder / "Ticked"));
-    EXPECT_FALSE(fs::exists(root / "not-the-home"));
+    EXPECT_TRUE(fs::is_directory(folder_ / "Ticked"));
+    EXPECT_FALSE(fs::exists(root_ / "not-the-home"));
 }
 
 TEST_F(DemoProcessTest, ASecondStartHandsItsUrlToTheOneThatRuns) {
@@ -155,19 +156,19 @@ TEST_F(DemoProcessTest, ASecondStartHandsItsUrlToTheOneThatRuns) {
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
     EXPECT_EQ(published().timer->state, "running");
     EXPECT_EQ(published().timer->total, 15 * 60);
-    EXPECT_EQ(running->state(), QProcess::Running);
+    EXPECT_EQ(running_->state(), QProcess::Running);
 }
 
 TEST_F(DemoProcessTest, ATickOfAWidgetIsTakenOverAndUndone) {
     launch();
     const WidgetData before = published();
     const std::string id = before.today.front().id;
-    system::DiskFolder ticked(folder / "Ticked");
+    system::DiskFolder ticked(folder_ / "Ticked");
     ASSERT_TRUE(WidgetTicks(ticked).write(id, {"A title", before.updated}));
     EXPECT_EQ(run({"kelmarplanner://ticked"}).status, 0);
     EXPECT_EQ(published().today, before.without({id}).today);
     EXPECT_THAT(WidgetTicks(ticked).pending(), testing::IsEmpty());
-    EXPECT_TRUE(fs::exists(folder / "Ticked" / ("done-" + WidgetTicks::name(id))));
+    EXPECT_TRUE(fs::exists(folder_ / "Ticked" / ("done-" + WidgetTicks::name(id))));
 
     std::string encoded = id;
     encoded.replace(encoded.find('/'), 1, "%2F");
@@ -177,24 +178,24 @@ TEST_F(DemoProcessTest, ATickOfAWidgetIsTakenOverAndUndone) {
 }
 
 TEST_F(DemoProcessTest, AFolderThatSomebodyElseMadeIsRefusedInOneLine) {
-    writeFile(folder / "widget.json", "precious");
+    writeFile(folder_ / "widget.json", "precious");
     const Outcome outcome = run({"--background"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.errors, HasSubstr(folder.string()));
+    EXPECT_THAT(outcome.errors, HasSubstr(folder_.string()));
     EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), 1);
-    EXPECT_EQ(textOf(folder / "widget.json"), "precious");
+    EXPECT_EQ(textOf(folder_ / "widget.json"), "precious");
 }
 
 TEST_F(DemoProcessTest, AMalformedUrlIsLoggedAndChangesNothing) {
     launch();
-    const std::string before = textOf(folder / "widget.json");
+    const std::string before = textOf(folder_ / "widget.json");
     EXPECT_EQ(run({"kelmarplanner://nowhere\n"}).status, 0);
     EXPECT_EQ(run({"--quit"}).status, 0);
-    ASSERT_TRUE(running->waitForFinished(patienceMilliseconds));
-    const std::string errors = running->readAllStandardError().toStdString();
+    ASSERT_TRUE(running_->waitForFinished(patienceMilliseconds));
+    const std::string errors = running_->readAllStandardError().toStdString();
     EXPECT_THAT(errors, HasSubstr("kelmarplanner://nowhere"));
     EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
-    EXPECT_EQ(textOf(folder / "widget.json"), before);
+    EXPECT_EQ(textOf(folder_ / "widget.json"), before);
 }
 
 TEST_F(DemoProcessTest, EverythingSurvivesARestart) {
@@ -203,8 +204,8 @@ TEST_F(DemoProcessTest, EverythingSurvivesARestart) {
     ASSERT_EQ(run({"kelmarplanner://timer/off"}).status, 0);
     const WidgetData before = published();
     EXPECT_EQ(run({"--quit"}).status, 0);
-    ASSERT_TRUE(running->waitForFinished(patienceMilliseconds));
-    EXPECT_EQ(running->exitCode(), 0);
+    ASSERT_TRUE(running_->waitForFinished(patienceMilliseconds));
+    EXPECT_EQ(running_->exitCode(), 0);
     launch();
     EXPECT_EQ(published().timer, before.timer);
     EXPECT_EQ(published().today, before.today);
@@ -213,8 +214,8 @@ TEST_F(DemoProcessTest, EverythingSurvivesARestart) {
 TEST_F(DemoProcessTest, AfterBeingKilledItStartsAgain) {
     launch();
     ASSERT_EQ(run({"kelmarplanner://timer/start?mins=50"}).status, 0);
-    running->kill();
-    ASSERT_TRUE(running->waitForFinished(patienceMilliseconds));
+    running_->kill();
+    ASSERT_TRUE(running_->waitForFinished(patienceMilliseconds));
     launch();
     EXPECT_EQ(published().timer->state, "running");
     EXPECT_EQ(run({"kelmarplanner://timer/off"}).status, 0);
@@ -224,31 +225,31 @@ TEST_F(DemoProcessTest, AfterBeingKilledItStartsAgain) {
 TEST_F(DemoProcessTest, ACommandStartsItWhereNoneRuns) {
     launch({"kelmarplanner://timer/start?mins=15"});
     EXPECT_TRUE(waitUntil([&] { return published().timer->state == "running"; }));
-    EXPECT_EQ(running->state(), QProcess::Running);
+    EXPECT_EQ(running_->state(), QProcess::Running);
 }
 
 TEST_F(DemoProcessTest, WithoutARuntimeFolderItFindsItselfAllTheSame) {
-    fs::remove(root / "run");
+    fs::remove(root_ / "run");
     QProcessEnvironment variables = environment();
     variables.remove("XDG_RUNTIME_DIR");
-    running = std::make_unique<QProcess>();
-    running->setProcessEnvironment(variables);
-    running->start(DEMO_PROGRAM, {"--background"});
-    ASSERT_TRUE(waitUntil([&] { return fs::exists(folder / "widget.json"); }));
+    running_ = std::make_unique<QProcess>();
+    running_->setProcessEnvironment(variables);
+    running_->start(DEMO_PROGRAM, {"--background"});
+    ASSERT_TRUE(waitUntil([&] { return fs::exists(folder_ / "widget.json"); }));
     EXPECT_EQ(run({"kelmarplanner://timer/start?mins=15"}).status, 0);
     EXPECT_EQ(published().timer->state, "running");
 }
 
 TEST_F(DemoProcessTest, OfTwoStartsAtOnceOneStays) {
-    running = begin({"--background"});
+    running_ = begin({"--background"});
     std::unique_ptr<QProcess> other = begin({"--background"});
     const auto ended = [](QProcess& process) { return process.waitForFinished(1); };
-    ASSERT_TRUE(waitUntil([&] { return ended(*running) || ended(*other); }));
-    if (running->state() == QProcess::NotRunning) {
-        std::swap(running, other);
+    ASSERT_TRUE(waitUntil([&] { return ended(*running_) || ended(*other); }));
+    if (running_->state() == QProcess::NotRunning) {
+        std::swap(running_, other);
     }
     EXPECT_EQ(other->exitCode(), 0) << other->readAllStandardError().toStdString();
-    EXPECT_EQ(running->state(), QProcess::Running);
+    EXPECT_EQ(running_->state(), QProcess::Running);
     EXPECT_EQ(run({"kelmarplanner://timer/on"}).status, 0);
     EXPECT_EQ(published().timer->state, "running");
 }
@@ -256,13 +257,13 @@ TEST_F(DemoProcessTest, OfTwoStartsAtOnceOneStays) {
 TEST_F(DemoProcessTest, ASessionThatRunsOutRingsByItself) {
     launch();
     EXPECT_EQ(run({"--quit"}).status, 0);
-    ASSERT_TRUE(running->waitForFinished(patienceMilliseconds));
-    auto state = decodeState(textOf(folder / PlannerDisk::stateName));
+    ASSERT_TRUE(running_->waitForFinished(patienceMilliseconds));
+    auto state = decodeState(textOf(folder_ / PlannerDisk::stateName));
     ASSERT_TRUE(state);
     PlannerState shortened = *state;
     shortened.timer.start(system::SystemClock().now(), 1);
     shortened.timer.endAt = system::SystemClock().now() + 3;
-    writeFile(folder / PlannerDisk::stateName, encodeState(shortened));
+    writeFile(folder_ / PlannerDisk::stateName, encodeState(shortened));
     launch();
     EXPECT_EQ(published().timer->state, "running");
     EXPECT_TRUE(waitUntil([&] { return published().timer->ringing; }));
@@ -270,7 +271,7 @@ TEST_F(DemoProcessTest, ASessionThatRunsOutRingsByItself) {
 
 TEST_F(DemoProcessTest, QuittingWhereNoneRunsIsDoneAtOnce) {
     EXPECT_EQ(run({"--quit"}).status, 0);
-    EXPECT_FALSE(fs::exists(folder));
+    EXPECT_FALSE(fs::exists(folder_));
 }
 
 TEST_F(DemoProcessTest, ACommandLineThatMakesNoSenseIsAnErrorOfUse) {
@@ -278,20 +279,20 @@ TEST_F(DemoProcessTest, ACommandLineThatMakesNoSenseIsAnErrorOfUse) {
     EXPECT_EQ(run({"--register", "--quit"}).status, 2);
     EXPECT_EQ(run({"kelmarplanner://ticked", "kelmarplanner://ticked"}).status, 2);
     EXPECT_EQ(run({"--help"}).status, 0);
-    EXPECT_FALSE(fs::exists(folder));
+    EXPECT_FALSE(fs::exists(folder_));
 }
 
 class SchemeHandlerTest : public DemoProcessTest {
 protected:
-    fs::path desktopFile = root / "data/applications/kelmar-planner-demo.desktop";
-    fs::path associations = root / "config/mimeapps.list";
+    fs::path desktopFile_ = root_ / "data/applications/kelmar-planner-demo.desktop";
+    fs::path associations_ = root_ / "config/mimeapps.list";
 
     /// Another program that opens the planner's URLs.
     void installAnother() const {
-        writeFile(root / "data/applications/planner.desktop",
+        writeFile(root_ / "data/applications/planner.desktop",
                   "[Desktop Entry]\nType=Application\nName=The Planner\nExec=/bin/true %u\n"
                   "MimeType=x-scheme-handler/kelmarplanner;\n");
-        writeFile(associations,
+        writeFile(associations_,
                   "[Default Applications]\nx-scheme-handler/kelmarplanner=planner.desktop;\n");
     }
 };
@@ -299,65 +300,66 @@ protected:
 TEST_F(SchemeHandlerTest, RegisteringMakesItTheHandler) {
     const Outcome outcome = run({"--register"});
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
-    const std::string file = textOf(desktopFile);
+    const std::string file = textOf(desktopFile_);
     EXPECT_THAT(file, HasSubstr("MimeType=x-scheme-handler/kelmarplanner;\n"));
     EXPECT_THAT(file, HasSubstr(std::string(DEMO_PROGRAM)));
     EXPECT_THAT(file, HasSubstr(" %u\n"));
-    EXPECT_THAT(textOf(associations),
+    EXPECT_THAT(textOf(associations_),
                 HasSubstr("x-scheme-handler/kelmarplanner=kelmar-planner-demo.desktop"));
-    EXPECT_FALSE(fs::exists(folder)) << "registering needs no planner folder";
+    EXPECT_FALSE(fs::exists(folder_)) << "registering needs no planner folder";
 }
 
 TEST_F(SchemeHandlerTest, RegisteringTwiceChangesNothing) {
     ASSERT_EQ(run({"--register"}).status, 0);
-    const std::string file = textOf(desktopFile);
-    const std::string list = textOf(associations);
+    const std::string file = textOf(desktopFile_);
+    const std::string list = textOf(associations_);
     EXPECT_EQ(run({"--register"}).status, 0);
-    EXPECT_EQ(textOf(desktopFile), file);
-    EXPECT_EQ(textOf(associations), list);
+    EXPECT_EQ(textOf(desktopFile_), file);
+    EXPECT_EQ(textOf(associations_), list);
 }
 
 TEST_F(SchemeHandlerTest, UnregisteringTakesItBack) {
     ASSERT_EQ(run({"--register"}).status, 0);
     const Outcome outcome = run({"--unregister"});
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
-    EXPECT_FALSE(fs::exists(desktopFile));
-    EXPECT_THAT(textOf(associations), Not(HasSubstr("kelmar-planner-demo")));
-    EXPECT_THAT(textOf(associations), Not(HasSubstr("kelmarplanner")));
+    EXPECT_FALSE(fs::exists(desktopFile_));
+    EXPECT_THAT(textOf(associations_), Not(HasSubstr("kelmar-planner-demo")));
+    EXPECT_THAT(textOf(associations_), Not(HasSubstr("kelmarplanner")));
     EXPECT_EQ(run({"--unregister"}).status, 0);
 }
 
 TEST_F(SchemeHandlerTest, AnotherHandlerIsNamedAndStays) {
     installAnother();
-    const std::string before = textOf(associations);
+    const std::string before = textOf(associations_);
     const Outcome outcome = run({"--register"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, HasSubstr("The Planner (planner.desktop)"));
-    EXPECT_EQ(textOf(associations), before);
+    EXPECT_EQ(textOf(associations_), before);
     EXPECT_EQ(run({"--unregister"}).status, 0);
-    EXPECT_THAT(textOf(associations), HasSubstr("x-scheme-handler/kelmarplanner=planner.desktop;"));
+    EXPECT_THAT(textOf(associations_),
+                HasSubstr("x-scheme-handler/kelmarplanner=planner.desktop;"));
 }
 
 TEST_F(SchemeHandlerTest, UnregisteringLeavesWhatElseTheUserHasChosen) {
-    writeFile(associations,
+    writeFile(associations_,
               "[Default Applications]\ntext/html=browser.desktop\n\n"
               "[Added Associations]\nx-scheme-handler/kelmarplanner=other.desktop;\n");
     ASSERT_EQ(run({"--register"}).status, 0);
-    EXPECT_THAT(textOf(associations),
+    EXPECT_THAT(textOf(associations_),
                 HasSubstr("x-scheme-handler/kelmarplanner=kelmar-planner-demo.desktop"));
     ASSERT_EQ(run({"--unregister"}).status, 0);
-    const std::string list = textOf(associations);
+    const std::string list = textOf(associations_);
     EXPECT_THAT(list, Not(HasSubstr("kelmar-planner-demo")));
     EXPECT_THAT(list, HasSubstr("text/html=browser.desktop"));
     EXPECT_THAT(list, HasSubstr("x-scheme-handler/kelmarplanner=other.desktop;"));
 }
 
 TEST_F(SchemeHandlerTest, ADesktopFileOfSomebodyElseIsLeftAlone) {
-    writeFile(desktopFile, "[Desktop Entry]\nType=Application\nName=Mine\nExec=/bin/true\n");
-    const std::string before = textOf(desktopFile);
+    writeFile(desktopFile_, "[Desktop Entry]\nType=Application\nName=Mine\nExec=/bin/true\n");
+    const std::string before = textOf(desktopFile_);
     EXPECT_EQ(run({"--register"}).status, 1);
     EXPECT_EQ(run({"--unregister"}).status, 1);
-    EXPECT_EQ(textOf(desktopFile), before);
+    EXPECT_EQ(textOf(desktopFile_), before);
 }
 
 }  // namespace

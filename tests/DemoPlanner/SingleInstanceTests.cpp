@@ -14,12 +14,14 @@ namespace {
 using Kind = StartRequest::Kind;
 
 class SingleInstanceTest : public testing::Test {
-protected:
-    SingleInstanceTest() { qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8()); }
+public:
     ~SingleInstanceTest() override { qunsetenv("XDG_RUNTIME_DIR"); }
 
+protected:
+    SingleInstanceTest() { qputenv("XDG_RUNTIME_DIR", runtime_.path().toUtf8()); }
+
     [[nodiscard]] std::unique_ptr<SingleInstance> claim() const {
-        auto claimed = SingleInstance::claim(path);
+        auto claimed = SingleInstance::claim(path_);
         EXPECT_TRUE(claimed);
         return *std::move(claimed);
     }
@@ -27,7 +29,7 @@ protected:
     /// What comes of handing over, while this thread's event loop runs.
     [[nodiscard]] bool handOver(const StartRequest& request) const {
         auto outcome = std::async(std::launch::async, [&] {
-            return static_cast<bool>(SingleInstance::handOver(path, request));
+            return static_cast<bool>(SingleInstance::handOver(path_, request));
         });
         while (outcome.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready) {
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
@@ -35,9 +37,9 @@ protected:
         return outcome.get();
     }
 
-    QTemporaryDir runtime;
-    QTemporaryDir folder;
-    std::string path = folder.path().toStdString();
+    QTemporaryDir runtime_;
+    QTemporaryDir folder_;
+    std::string path_ = folder_.path().toStdString();
 };
 
 TEST_F(SingleInstanceTest, OnlyOneCanClaimAFolderAtATime) {
@@ -49,7 +51,7 @@ TEST_F(SingleInstanceTest, OnlyOneCanClaimAFolderAtATime) {
 }
 
 TEST_F(SingleInstanceTest, AFolderThatIsMissingCannotBeClaimed) {
-    EXPECT_FALSE(SingleInstance::claim(path + "/missing"));
+    EXPECT_FALSE(SingleInstance::claim(path_ + "/missing"));
 }
 
 TEST_F(SingleInstanceTest, RequestsArriveWholeAndInOrder) {
@@ -72,7 +74,7 @@ TEST_F(SingleInstanceTest, HandingOverWaitsUntilTheRequestIsDone) {
     std::atomic<bool> done = false;
     ASSERT_TRUE(instance->listen([&](const StartRequest&) { done = true; }));
     auto sawItDone = std::async(std::launch::async, [&] {
-        return static_cast<bool>(SingleInstance::handOver(path, {Kind::show, "", ""})) &&
+        return static_cast<bool>(SingleInstance::handOver(path_, {Kind::show, "", ""})) &&
                done.load();
     });
     while (sawItDone.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready) {
@@ -85,7 +87,7 @@ TEST_F(SingleInstanceTest, WhatIsNoRequestIsDropped) {
     const std::unique_ptr<SingleInstance> instance = claim();
     int arrived = 0;
     ASSERT_TRUE(instance->listen([&](const StartRequest&) { ++arrived; }));
-    QFile lock(folder.filePath(SingleInstance::lockName));
+    QFile lock(folder_.filePath(SingleInstance::lockName));
     ASSERT_TRUE(lock.open(QIODevice::ReadOnly));
     for (const QByteArray& line :
          {QByteArray("nonsense\n"), QByteArray("{\"request\": \"dance\"}\n"),

@@ -11,11 +11,11 @@ using Day = shared::WidgetData::ScheduleDay;
 
 class TimetableTest : public testing::Test {
 protected:
-    Surroundings around;
-    Coursework coursework = Coursework::begun(around.at(0, 15), *around.calendar);
+    Surroundings around_;
+    Coursework coursework_ = Coursework::begun(around_.at(0, 15), *around_.calendar);
 
     [[nodiscard]] std::vector<Day> week() const {
-        return timetable(coursework, around.at(0, 15), around.calendars);
+        return timetable(coursework_, around_.at(0, 15), around_.calendars);
     }
 };
 
@@ -29,7 +29,7 @@ TEST_F(TimetableTest, HoldsSevenDaysFromToday) {
     const std::vector<Day> days = week();
     ASSERT_EQ(days.size(), 7U);
     for (int index = 0; index < 7; ++index) {
-        EXPECT_EQ(days[static_cast<std::size_t>(index)].day, around.at(index, 0));
+        EXPECT_EQ(days[static_cast<std::size_t>(index)].day, around_.at(index, 0));
     }
 }
 
@@ -68,15 +68,15 @@ TEST_F(TimetableTest, BlocksFollowOneAnotherWithinTheirDay) {
         for (const Day::Block& block : day.blocks) {
             EXPECT_GE(block.start, last) << block.title;
             EXPECT_GT(block.end, block.start) << block.title;
-            EXPECT_TRUE(around.calendar->isSameDay(block.end, day.day)) << block.title;
+            EXPECT_TRUE(around_.calendar->isSameDay(block.end, day.day)) << block.title;
             last = block.end;
         }
     }
 }
 
 TEST_F(TimetableTest, StudyIsForWhatIsDueTheDayAfterAndDoneWithIt) {
-    const Assignment due = coursework.dueOn(around.at(1, 12), *around.calendar).front();
-    ASSERT_TRUE(coursework.setDone(due.item.id, true));
+    const Assignment due = coursework_.dueOn(around_.at(1, 12), *around_.calendar).front();
+    ASSERT_TRUE(coursework_.setDone(due.item.id, true));
     const Day today = week().front();
     const auto block =
         std::find_if(today.blocks.begin(), today.blocks.end(),
@@ -85,14 +85,14 @@ TEST_F(TimetableTest, StudyIsForWhatIsDueTheDayAfterAndDoneWithIt) {
     EXPECT_EQ(block->kind, "study");
     EXPECT_EQ(block->title, due.item.title);
     EXPECT_TRUE(block->done);
-    EXPECT_EQ(block->start, around.at(0, 16));
+    EXPECT_EQ(block->start, around_.at(0, 16));
 }
 
 TEST_F(TimetableTest, TheSchoolWeekIsKeptInEveryCalendar) {
     const auto islamic = system::makeCalendar("ar_SA@calendar=islamic-umalqura", "Europe/Berlin");
-    const Calendars calendars{*islamic, *around.calendar};
+    const Calendars calendars{*islamic, *around_.calendar};
     const std::vector<Day> days =
-        timetable(Coursework::begun(around.at(0, 15), *islamic), around.at(0, 15), calendars);
+        timetable(Coursework::begun(around_.at(0, 15), *islamic), around_.at(0, 15), calendars);
     EXPECT_FALSE(days[0].labels.empty());
     EXPECT_TRUE(days[3].labels.empty());
 }

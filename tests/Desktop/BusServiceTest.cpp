@@ -28,6 +28,14 @@ const kit::Environment small{
 /// A service on a real bus, over a host whose extension is played by the test, and somebody else
 /// on the bus who calls it.
 class BusServiceTest : public testing::Test {
+public:
+    ~BusServiceTest() override {
+        QDBusConnection::disconnectFromBus("own");
+        QDBusConnection::disconnectFromBus("caller");
+    }
+    BusServiceTest(const BusServiceTest&) = delete;
+    BusServiceTest& operator=(const BusServiceTest&) = delete;
+
 protected:
     static void SetUpTestSuite() { bus_ = std::make_unique<test::PrivateBus>(); }
     static void TearDownTestSuite() { bus_.reset(); }
@@ -39,12 +47,6 @@ protected:
                   {{"Moon", kit::Family::large, {"HDMI-1", {}}, QPoint(200, 24)}, std::nullopt}};
         EXPECT_EQ(claimInstance(own_, log_), Instance::only);
     }
-    ~BusServiceTest() override {
-        QDBusConnection::disconnectFromBus("own");
-        QDBusConnection::disconnectFromBus("caller");
-    }
-    BusServiceTest(const BusServiceTest&) = delete;
-    BusServiceTest& operator=(const BusServiceTest&) = delete;
 
     host::FakeProcess& extension() { return launcher_.last(); }
     QDBusPendingCall begin(const QString& method, const QVariantList& arguments = {},
@@ -187,8 +189,10 @@ TEST_F(BusServiceTest, SaysWhyThereAreNoFindings) {
 }
 
 TEST_F(BusServiceTest, AsksTheExtensionOnceForAllWhoWantAnExplanation) {
+    constexpr std::size_t many = 50;
     std::vector<QDBusPendingCall> calls;
-    for (int count = 0; count < 50; ++count) {
+    calls.reserve(many);
+    for (std::size_t count = 0; count < many; ++count) {
         calls.push_back(begin("Explain", {count % 2 == 0 ? "Clock" : "Moon"}));
     }
     ASSERT_EQ(call("ListWidgets").type(), QDBusMessage::ReplyMessage);

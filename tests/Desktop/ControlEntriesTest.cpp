@@ -9,7 +9,6 @@ namespace kelmar::desktop {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 const kit::Bundle bundle{
     .widgets = {},

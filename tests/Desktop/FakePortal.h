@@ -27,7 +27,7 @@ public:
     QStringList askedFor;  ///< The namespaces of the last question.
 
 public slots:
-    kelmar::desktop::test::Settings ReadAll(const QStringList& namespaces);  // NOLINT: D-Bus name
+    kelmar::desktop::test::Settings ReadAll(const QStringList& namespaces);
 
 signals:
     void SettingChanged(const QString& settingNamespace, const QString& key,

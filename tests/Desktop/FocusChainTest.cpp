@@ -15,6 +15,7 @@ protected:
 
     void show(const std::vector<std::string>& urls) {
         std::vector<PressTarget> targets;
+        targets.reserve(urls.size());
         for (const std::string& url : urls) {
             targets.push_back(target(url));
         }

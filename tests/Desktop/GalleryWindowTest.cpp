@@ -39,9 +39,11 @@ kit::Entry redEntry() {
 }
 
 class GalleryWindowTest : public testing::Test {
+public:
+    ~GalleryWindowTest() override { delete window_; }
+
 protected:
     GalleryWindowTest() { open(); }
-    ~GalleryWindowTest() override { delete window_; }
 
     void open(layout::Direction direction = layout::Direction::leftToRight) {
         delete window_;
@@ -120,10 +122,7 @@ protected:
         launcher_.last().answerWithError(previewRequests().at(index), "no");
     }
 
-    static QColor colorOf(const GalleryTile& tile) {
-        const QImage picture = const_cast<GalleryTile&>(tile).grab().toImage();  // NOLINT
-        return picture.pixelColor(80, 80);
-    }
+    static QColor colorOf(GalleryTile& tile) { return tile.grab().toImage().pixelColor(80, 80); }
 
     static void press(QWidget& widget, Qt::Key key) {
         for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
@@ -363,8 +362,6 @@ TEST_F(GalleryWindowTest, SmallScreenIsScrolledInOneDirectionOnly) {
 }
 
 TEST_F(GalleryWindowTest, FitsTheScreenItIsPresentedOn) {
-    delete window_;
-    open();
     window_->close();
     open();
     EXPECT_TRUE(screen.contains(window_->geometry()));

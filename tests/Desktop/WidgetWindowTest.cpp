@@ -421,6 +421,7 @@ protected:
 
     std::vector<std::string> names() {
         std::vector<std::string> names;
+        names.reserve(static_cast<std::size_t>(widget()->childCount()));
         for (int index = 0; index < widget()->childCount(); ++index) {
             names.push_back(widget()->child(index)->text(QAccessible::Name).toStdString());
         }

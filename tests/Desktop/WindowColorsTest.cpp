@@ -18,7 +18,7 @@ protected:
                                            .renderingMode = kit::RenderingMode::fullColor,
                                            .accent = GetParam().accent});
 
-    double contrast(QPalette::ColorRole ink, QPalette::ColorRole ground) const {
+    [[nodiscard]] double contrast(QPalette::ColorRole ink, QPalette::ColorRole ground) const {
         return paint::contrast(colors_.color(ink), colors_.color(ground));
     }
 };

@@ -13,6 +13,7 @@ using testing::ElementsAre;
 
 std::vector<int> secondsOf(Backoff& backoff, int count) {
     std::vector<int> seconds;
+    seconds.reserve(static_cast<std::size_t>(count));
     for (int index = 0; index < count; ++index) {
         seconds.push_back(static_cast<int>(backoff.next() / 1s));
     }

@@ -80,7 +80,7 @@ private:
         std::optional<std::chrono::milliseconds> due;
     };
 
-    ManualTimer* nextUntil(std::chrono::milliseconds end) const {
+    [[nodiscard]] ManualTimer* nextUntil(std::chrono::milliseconds end) const {
         ManualTimer* next = nullptr;
         for (auto* const timer : timers_) {
             if (timer->due && *timer->due <= end && (next == nullptr || *timer->due < *next->due)) {

@@ -57,7 +57,7 @@ protected:
     }
     /// A handler that writes its argument and its environment to a file.
     static std::filesystem::path scriptFor(const std::string& scheme) {
-        const auto script = dataHome() / (scheme + ".sh");
+        auto script = dataHome() / (scheme + ".sh");
         const auto output = outputPath(scheme).string();
         writeText(script, "#!/bin/sh\n{ echo \"url=$1\"; env; } > " + output + ".new\nmv " +
                               output + ".new " + output + "\n");

@@ -39,6 +39,14 @@ std::string setDiary(const std::string& path) {
 /// A host with a real process. The limits are such that a test can wait for them, but an answer may
 /// take its time where the machine is busy with other things.
 class SupervisionTest : public testing::Test {
+public:
+    ~SupervisionTest() override {
+        qunsetenv("TEST_EXTENSION_DIARY");
+        qunsetenv("TEST_EXTENSION_STAYS");
+    }
+    SupervisionTest(const SupervisionTest&) = delete;
+    SupervisionTest& operator=(const SupervisionTest&) = delete;
+
 protected:
     explicit SupervisionTest(std::chrono::milliseconds answerLimit = 30s,
                              std::chrono::milliseconds idleLimit = 50ms)
@@ -50,12 +58,6 @@ protected:
         QObject::connect(&host_, &WidgetHost::entryChanged, &host_,
                          [this](WidgetId id) { changed_.push_back(id); });
     }
-    ~SupervisionTest() override {
-        qunsetenv("TEST_EXTENSION_DIARY");
-        qunsetenv("TEST_EXTENSION_STAYS");
-    }
-    SupervisionTest(const SupervisionTest&) = delete;
-    SupervisionTest& operator=(const SupervisionTest&) = delete;
 
     [[nodiscard]] std::vector<std::string> diary() const {
         std::vector<std::string> lines;

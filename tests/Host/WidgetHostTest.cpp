@@ -524,7 +524,7 @@ TEST_F(WidgetHostTest, OpensNoForeignLink) {
 class PreviewTest : public WidgetHostTest {
 protected:
     void request() {
-        host_.requestPreview("Clock", large, [this](system::Result<kit::Entry> answer) {
+        host_.requestPreview("Clock", large, [this](const system::Result<kit::Entry>& answer) {
             answers_.push_back(answer ? textOf(*answer) : "failed: " + answer.failure().reason);
         });
     }

@@ -15,8 +15,8 @@ struct Form {
     const char* json;
 };
 
-const std::vector<Form>& forms() {
-    static const std::vector<Form> all{
+std::vector<Form> textForms() {
+    return {
         {"text with nothing unusual", Text{.text = "Hi", .font = Font::system(13)},
          R"({"type":"text","text":"Hi","font":{"size":13}})"},
         {"text with everything",
@@ -33,6 +33,11 @@ const std::vector<Form>& forms() {
          R"({"type":"text","text":"","font":{"textStyle":"caption"},"color":{"style":"secondary"}})"},
         {"symbol", Symbol{.name = "circle", .font = Font::system(16), .color = primary},
          R"({"type":"symbol","name":"circle","font":{"size":16},"color":{"style":"primary"}})"},
+    };
+}
+
+std::vector<Form> stackForms() {
+    return {
         {"hstack",
          HStack{.alignment = VerticalAlignment::firstTextBaseline,
                 .spacing = 6,
@@ -46,6 +51,11 @@ const std::vector<Form>& forms() {
                 .children = {}},
          R"({"type":"zstack","alignment":"bottomTrailing","children":[]})"},
         {"spacer", Spacer{.minLength = 2}, R"({"type":"spacer","minLength":2})"},
+    };
+}
+
+std::vector<Form> drawingForms() {
+    return {
         {"filled shape",
          Shape{.shape = ShapeKind::roundedRectangle, .cornerRadius = 1.5, .fill = white},
          R"({"type":"shape","shape":"roundedRectangle","cornerRadius":1.5,)"
@@ -65,6 +75,11 @@ const std::vector<Form>& forms() {
         {"live bar",
          Progress{.value = BarInterval{system::Date::since1970(1), system::Date::since1970(2)}},
          R"({"type":"progress","from":1,"to":2,"tint":{"style":"primary"}})"},
+    };
+}
+
+std::vector<Form> modifierForms() {
+    return {
         {"frame",
          Frame{.lengths = {.width = 3, .maxHeight = infinity},
                .alignment = {HorizontalAlignment::leading, VerticalAlignment::top},
@@ -84,6 +99,13 @@ const std::vector<Form>& forms() {
          R"("fill":{"style":"clear"}},"child":{"type":"spacer"}})"},
         {"overlay", Overlay{.content = Spacer{}, .child = Spacer{}},
          R"({"type":"overlay","content":{"type":"spacer"},"child":{"type":"spacer"}})"},
+        {"accessible", Accessible{.label = "Monday", .child = Spacer{}},
+         R"({"type":"accessible","label":"Monday","child":{"type":"spacer"}})"},
+    };
+}
+
+std::vector<Form> actionForms() {
+    return {
         {"link", Link{.url = "kelmarplanner://stats", .child = Spacer{}},
          R"({"type":"link","url":"kelmarplanner://stats","child":{"type":"spacer"}})"},
         {"button",
@@ -99,9 +121,18 @@ const std::vector<Form>& forms() {
          Toggle{.isOn = true, .intent = {.name = "Flip", .parameters = {}}, .child = Spacer{}},
          R"({"type":"toggle","isOn":true,"intent":{"name":"Flip","parameters":{}},)"
          R"("child":{"type":"spacer"}})"},
-        {"accessible", Accessible{.label = "Monday", .child = Spacer{}},
-         R"({"type":"accessible","label":"Monday","child":{"type":"spacer"}})"},
     };
+}
+
+const std::vector<Form>& forms() {
+    static const std::vector<Form> all = [] {
+        std::vector<Form> joined;
+        for (const std::vector<Form>& some :
+             {textForms(), stackForms(), drawingForms(), modifierForms(), actionForms()}) {
+            joined.insert(joined.end(), some.begin(), some.end());
+        }
+        return joined;
+    }();
     return all;
 }
 

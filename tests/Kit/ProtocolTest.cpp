@@ -104,7 +104,7 @@ TEST(Protocol, ALineThatIsNoMessageIsAnsweredWithItsError) {
     const std::vector<Invalid> cases{
         {"", std::nullopt, ErrorCode::parseError},
         {"garbage", std::nullopt, ErrorCode::parseError},
-        {"{\"jsonrpc\":\"2.0\",", std::nullopt, ErrorCode::parseError},
+        {R"({"jsonrpc":"2.0",)", std::nullopt, ErrorCode::parseError},
         {"\"\xff\"", std::nullopt, ErrorCode::parseError},
         {"[]", std::nullopt, ErrorCode::invalidRequest},
         {"{}", std::nullopt, ErrorCode::invalidRequest},

@@ -126,12 +126,13 @@ TEST(StackDivision, WhatAChildDeclinesGoesToThoseThatFollow) {
 /// A row of a width from nothing to more than enough: a symbol, a short and a long text.
 TEST(StackDivision, SweepShrinksTheLongTextFirstThenTheShortOne) {
     const Children children{rigid(16), view(0, 30), view(0, 100)};
-    for (double length = 0; length <= 200; ++length) {
+    for (int width = 0; width <= 200; ++width) {
+        const double length = width;
         const double rest = std::max(0.0, length - 16);
         const double shortText = std::min(30.0, rest / 2);
         EXPECT_THAT(taken(length, children),
                     ElementsAre(16, shortText, std::min(100.0, rest - shortText)))
-            << "at " << length;
+            << "at " << width;
     }
 }
 

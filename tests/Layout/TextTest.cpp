@@ -9,9 +9,6 @@ namespace {
 
 using namespace laying;
 using ::testing::DoubleNear;
-using ::testing::IsEmpty;
-
-const Length unspecified = Length::unspecified();
 
 ComposedText composed(const kit::Text& text, const Proposal& offer) {
     const testing::FixedWidthMeasurer measurer;

@@ -22,10 +22,10 @@ const kit::Color blue = kit::Color::rgb(0, 0, 1);
 class BoxPainterTest : public ::testing::Test {
 protected:
     [[nodiscard]] PaintContext context(double scale = 1) const {
-        return {.resources = resources, .style = {.scale = scale}};
+        return {.resources = resources_, .style = {.scale = scale}};
     }
 
-    const PaintResources resources = testing::testResources();
+    const PaintResources resources_ = testing::testResources();
 };
 
 using Shapes = BoxPainterTest;

@@ -33,13 +33,13 @@ TEST(DifferingShare, TransparencyCounts) {
 class LooksLikeFile : public ::testing::Test {
 protected:
     [[nodiscard]] std::string path(const char* name) const {
-        return folder.filePath(QString::fromLatin1(name)).toStdString();
+        return folder_.filePath(QString::fromLatin1(name)).toStdString();
     }
     [[nodiscard]] bool exists(const char* name) const {
-        return QFile::exists(folder.filePath(QString::fromLatin1(name)));
+        return QFile::exists(folder_.filePath(QString::fromLatin1(name)));
     }
 
-    QTemporaryDir folder;
+    QTemporaryDir folder_;
 };
 
 TEST_F(LooksLikeFile, AcceptsTheSavedPictureAndWritesNothing) {

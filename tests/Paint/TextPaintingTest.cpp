@@ -21,7 +21,7 @@ constexpr kit::Size wide{220, 40};
 class TextPaintingTest : public ::testing::Test {
 protected:
     [[nodiscard]] PaintContext context(double scale = 1) const {
-        return {.resources = resources, .style = {.scale = scale}};
+        return {.resources = resources_, .style = {.scale = scale}};
     }
 
     [[nodiscard]] PaintContext redacted() const {
@@ -33,10 +33,10 @@ protected:
     [[nodiscard]] QImage drawn(const std::string& text,
                                const kit::Font& font = kit::Font::system(20),
                                double scale = 1) const {
-        return painted({textBox({4, 4}, text, font, resources)}, context(scale), wide);
+        return painted({textBox({4, 4}, text, font, resources_)}, context(scale), wide);
     }
 
-    const PaintResources resources = testing::testResources();
+    const PaintResources resources_ = testing::testResources();
 };
 
 TEST_F(TextPaintingTest, TextTakesTheWidthThatWasMeasuredAtEveryScale) {
@@ -46,7 +46,7 @@ TEST_F(TextPaintingTest, TextTakesTheWidthThatWasMeasuredAtEveryScale) {
             const kit::Font font = kit::Font::system(size, kit::FontWeight::medium);
             const std::string text = "HEssay on the causes of itH";
             const QRectF ink = inkRect(drawn(text, font, scale));
-            const double width = resources.measurer().width(text, font) * scale;
+            const double width = resources_.measurer().width(text, font) * scale;
             // The H has a little room at both of its sides.
             EXPECT_LE(ink.width(), width + 1);
             EXPECT_GE(ink.width(), width - 0.25 * size * scale - 1);
@@ -65,7 +65,7 @@ TEST_F(TextPaintingTest, LettersStandOnTheBaseline) {
 }
 
 TEST_F(TextPaintingTest, ColourFollowsThePalette) {
-    layout::PlacedBox line = textBox({4, 4}, "■■■", kit::Font::system(20), resources);
+    layout::PlacedBox line = textBox({4, 4}, "■■■", kit::Font::system(20), resources_);
     std::get<layout::TextDrawing>(line.drawing).color = kit::red;
     const QImage picture = painted({line}, context(), wide);
     const QColor expected = Palette(Appearance{}).color(kit::red);
@@ -75,7 +75,7 @@ TEST_F(TextPaintingTest, ColourFollowsThePalette) {
 TEST_F(TextPaintingTest, AStruckLineRunsThroughBlanksInTheTextsColour) {
     for (const double scale : scales) {
         SCOPED_TRACE(scale);
-        layout::PlacedBox line = textBox({4, 4}, "a    a", kit::Font::system(20), resources);
+        layout::PlacedBox line = textBox({4, 4}, "a    a", kit::Font::system(20), resources_);
         const QImage plain = painted({line}, context(scale), wide);
         auto& text = std::get<layout::TextDrawing>(line.drawing);
         text.strikethrough = true;
@@ -95,7 +95,7 @@ TEST_F(TextPaintingTest, AStruckLineRunsThroughBlanksInTheTextsColour) {
 }
 
 TEST_F(TextPaintingTest, AFadedStruckLineFadesAsOne) {
-    layout::PlacedBox line = textBox({4, 4}, "Hall", kit::Font::system(20), resources);
+    layout::PlacedBox line = textBox({4, 4}, "Hall", kit::Font::system(20), resources_);
     std::get<layout::TextDrawing>(line.drawing).strikethrough = true;
     const QImage solid = painted({line}, context(), wide);
     line.opacity = 0.45;
@@ -124,8 +124,8 @@ TEST_F(TextPaintingTest, TextFromRightToLeftStartsAtTheRight) {
 TEST_F(TextPaintingTest, ArabicLettersAreJoined) {
     const std::string joined = "بببب";
     const std::string apart = "ب\u200cب\u200cب\u200cب";
-    EXPECT_LT(resources.measurer().width(joined, kit::Font::system(20)),
-              0.8 * resources.measurer().width(apart, kit::Font::system(20)));
+    EXPECT_LT(resources_.measurer().width(joined, kit::Font::system(20)),
+              0.8 * resources_.measurer().width(apart, kit::Font::system(20)));
     EXPECT_FALSE(inkRect(drawn(joined)).isEmpty());
 }
 
@@ -176,7 +176,7 @@ TEST_F(TextPaintingTest, ACountdownReadsWhatRemainsAtTheMoment) {
     PaintContext moment = context();
     moment.now = system::Date::since1970(2);
     const kit::Font font = kit::Font::system(20).monospacedDigits();
-    const QImage expected = painted({textBox({10, 4}, "1:05:09", font, resources)}, moment, wide);
+    const QImage expected = painted({textBox({10, 4}, "1:05:09", font, resources_)}, moment, wide);
     EXPECT_EQ(painted({countdown(3911)}, moment, wide), expected);
 }
 
@@ -185,10 +185,10 @@ TEST_F(TextPaintingTest, ACountdownStandsAtItsLengthBeforeItsStartAndAtZeroAfter
     PaintContext moment = context();
     moment.now = system::Date::since1970(-50);
     EXPECT_EQ(painted({countdown(59)}, moment, wide),
-              painted({textBox({10, 4}, "0:59", font, resources)}, moment, wide));
+              painted({textBox({10, 4}, "0:59", font, resources_)}, moment, wide));
     moment.now = system::Date::since1970(1000);
     EXPECT_EQ(painted({countdown(59)}, moment, wide),
-              painted({textBox({10, 4}, "0:00", font, resources)}, moment, wide));
+              painted({textBox({10, 4}, "0:00", font, resources_)}, moment, wide));
 }
 
 TEST_F(TextPaintingTest, ACountdownEndsAtTheRightFromRightToLeft) {
@@ -199,7 +199,7 @@ TEST_F(TextPaintingTest, ACountdownEndsAtTheRightFromRightToLeft) {
 }
 
 TEST_F(TextPaintingTest, RedactionShowsOnlyHowLongALineIs) {
-    layout::PlacedBox secret = textBox({4, 4}, "Essay", kit::Font::system(13), resources);
+    layout::PlacedBox secret = textBox({4, 4}, "Essay", kit::Font::system(13), resources_);
     layout::PlacedBox other = secret;
     std::get<layout::TextDrawing>(other.drawing).lines[0].text = "Grade";
     const QImage picture = painted({secret}, redacted(), wide);
@@ -222,7 +222,7 @@ TEST_F(TextPaintingTest, RedactionHidesSymbolsAndCountdownsToo) {
 }
 
 TEST_F(TextPaintingTest, SizesBeyondReasonDoNoHarm) {
-    layout::PlacedBox line = textBox({4, 4}, "A", kit::Font::system(20), resources);
+    layout::PlacedBox line = textBox({4, 4}, "A", kit::Font::system(20), resources_);
     for (const double size : {0.0, 0.01, 1e12}) {
         std::get<layout::TextDrawing>(line.drawing).font.size = size;
         EXPECT_EQ(painted({line}, context(), wide).width(), 220);

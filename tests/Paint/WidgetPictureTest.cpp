@@ -124,10 +124,10 @@ class WidgetPictureTest : public ::testing::Test {
 protected:
     [[nodiscard]] WidgetPicture picture(const kit::DrawnEntry& entry, Family family,
                                         Direction direction = Direction::leftToRight) const {
-        return {entry, family, direction, resources};
+        return {entry, family, direction, resources_};
     }
 
-    const PaintResources resources = testing::testResources();
+    const PaintResources resources_ = testing::testResources();
 };
 
 kit::DrawnEntry empty(const kit::Color& background = kit::tertiaryFill) {

@@ -45,7 +45,7 @@ TEST(JsonTokens, EndBehindTheLastOne) {
 
 TEST(JsonTokens, AreFoundInOneTextAfterTheOther) {
     JsonTokens tokens;
-    std::string small = "[\"\\n\"]";
+    std::string small = R"(["\n"])";
     std::string large = "[" + std::string(100'000, ' ') + "\"plain\"]";
     for (std::string* const json : {&small, &large, &small}) {
         ASSERT_TRUE(tokens.find(*json));
@@ -56,7 +56,7 @@ TEST(JsonTokens, AreFoundInOneTextAfterTheOther) {
 }
 
 TEST(JsonTokens, KnowWhichTextsHoldEscapes) {
-    std::string json = "[\"plain\", \"a\\u00e9\" , \"plain\", \"\\\\\", \"\"]";
+    std::string json = R"(["plain", "a\u00e9" , "plain", "\\", ""])";
     JsonTokens tokens;
     ASSERT_TRUE(tokens.find(json));
     std::vector<bool> escaped;

@@ -12,42 +12,42 @@ namespace {
 
 class LoadingTest : public ::testing::Test {
 protected:
-    testing::MemoryFolder folder;
+    testing::MemoryFolder folder_;
 };
 
 TEST_F(LoadingTest, GivesWhatTheFileSays) {
-    folder.put("widget.json", std::string(fullDocument));
-    EXPECT_EQ(loadSnapshot(folder), *decodeSnapshot(fullDocument));
+    folder_.put("widget.json", std::string(fullDocument));
+    EXPECT_EQ(loadSnapshot(folder_), *decodeSnapshot(fullDocument));
 }
 
 TEST_F(LoadingTest, GivesASignedOutSnapshotToo) {
-    folder.put("widget.json", changed(emptyDocument, "true", "false"));
-    const auto data = loadSnapshot(folder);
+    folder_.put("widget.json", changed(emptyDocument, "true", "false"));
+    const auto data = loadSnapshot(folder_);
     ASSERT_TRUE(data);
     EXPECT_FALSE(data->signedIn);
 }
 
 TEST_F(LoadingTest, GivesNothingWithoutAReadableFile) {
-    EXPECT_EQ(loadSnapshot(folder), std::nullopt);
-    folder.putUnreadable("widget.json");
-    EXPECT_EQ(loadSnapshot(folder), std::nullopt);
-    folder.setMissing(true);
-    EXPECT_EQ(loadSnapshot(folder), std::nullopt);
+    EXPECT_EQ(loadSnapshot(folder_), std::nullopt);
+    folder_.putUnreadable("widget.json");
+    EXPECT_EQ(loadSnapshot(folder_), std::nullopt);
+    folder_.setMissing(true);
+    EXPECT_EQ(loadSnapshot(folder_), std::nullopt);
 }
 
 TEST_F(LoadingTest, GivesNothingForAnEmptyOrUndecodableFile) {
     for (const char* const text : {"", "{", "{}", "[]", R"({"updated":0,"signedIn":true})"}) {
-        folder.put("widget.json", text);
-        EXPECT_EQ(loadSnapshot(folder), std::nullopt) << text;
+        folder_.put("widget.json", text);
+        EXPECT_EQ(loadSnapshot(folder_), std::nullopt) << text;
     }
 }
 
 TEST_F(LoadingTest, ReadsTheFileAfreshEveryTime) {
-    folder.put("widget.json", std::string(emptyDocument));
-    EXPECT_TRUE(loadSnapshot(folder)->today.empty());
-    folder.put("widget.json", std::string(fullDocument));
-    EXPECT_FALSE(loadSnapshot(folder)->today.empty());
-    EXPECT_THAT(folder.calls(), ::testing::ElementsAre("read widget.json", "read widget.json"));
+    folder_.put("widget.json", std::string(emptyDocument));
+    EXPECT_TRUE(loadSnapshot(folder_)->today.empty());
+    folder_.put("widget.json", std::string(fullDocument));
+    EXPECT_FALSE(loadSnapshot(folder_)->today.empty());
+    EXPECT_THAT(folder_.calls(), ::testing::ElementsAre("read widget.json", "read widget.json"));
 }
 
 TEST(PlannerFiles, LieInTheLibraryOfTheHomeFolder) {

@@ -17,16 +17,16 @@ using testing::utc;
 
 class SampleTest : public ::testing::Test {
 protected:
-    std::unique_ptr<system::Calendar> calendar = system::makeCalendar("en_US", "America/New_York");
+    std::unique_ptr<system::Calendar> calendar_ = system::makeCalendar("en_US", "America/New_York");
     /// 15:00 in New York on Thursday, 9 October 2025.
-    const Date now = utc(2025, 10, 9, 19);
+    const Date now_ = utc(2025, 10, 9, 19);
 };
 
 TEST_F(SampleTest, AreAllSignedInAndUpToDate) {
     for (const auto make : {sample, scheduleSample, streakSample, timerSample}) {
-        const WidgetData data = make(now, *calendar);
+        const WidgetData data = make(now_, *calendar_);
         EXPECT_TRUE(data.signedIn);
-        EXPECT_EQ(data.updated, now);
+        EXPECT_EQ(data.updated, now_);
         EXPECT_TRUE(data.schedule);
         EXPECT_TRUE(data.timer);
         EXPECT_TRUE(data.streak);
@@ -34,14 +34,14 @@ TEST_F(SampleTest, AreAllSignedInAndUpToDate) {
 }
 
 TEST_F(SampleTest, ListsKnownTitlesDueOneToFourDaysAhead) {
-    const WidgetData data = sample(now, *calendar);
+    const WidgetData data = sample(now_, *calendar_);
     std::vector<std::string> titles;
     std::vector<double> daysAhead;
     for (const WidgetData::Item& item : data.today)
         titles.push_back(item.title);
     for (const WidgetData::Item& item : data.upcoming) {
         titles.push_back(item.title);
-        daysAhead.push_back((item.due - now) / 86'400);
+        daysAhead.push_back((item.due - now_) / 86'400);
     }
     EXPECT_THAT(titles, IsSupersetOf({"Reading check: Gatsby ch. 7–9", "Lab report: Osmosis",
                                       "Ch. 7 reading + questions", "Unit 3 Test: Cell energy",
@@ -54,7 +54,7 @@ TEST_F(SampleTest, ListsKnownTitlesDueOneToFourDaysAhead) {
 }
 
 TEST_F(SampleTest, FillsEveryFieldOfEveryItem) {
-    const WidgetData data = sample(now, *calendar);
+    const WidgetData data = sample(now_, *calendar_);
     std::vector<WidgetData::Item> items = data.today;
     items.insert(items.end(), data.upcoming.begin(), data.upcoming.end());
     std::set<std::string> ids;
@@ -72,7 +72,7 @@ TEST_F(SampleTest, FillsEveryFieldOfEveryItem) {
 }
 
 TEST_F(SampleTest, HasOneItemAtALaterTimeOfToday) {
-    const WidgetData data = sample(now, *calendar);
+    const WidgetData data = sample(now_, *calendar_);
     ASSERT_GE(data.today.size(), 2U);
     EXPECT_EQ(std::ranges::count(data.today, true, &WidgetData::Item::hasTime), 1);
     EXPECT_EQ(data.today[0].due, utc(2025, 10, 9, 22));  // 18:00
@@ -96,19 +96,19 @@ TEST_F(SampleTest, IsNeverOverdueAndDueTodayAtAnyHour) {
 }
 
 TEST_F(SampleTest, OfTheScheduleHasTheDaysFourBlocks) {
-    const WidgetData data = scheduleSample(now, *calendar);
+    const WidgetData data = scheduleSample(now_, *calendar_);
     ASSERT_EQ(data.schedule->size(), 1U);
     const WidgetData::ScheduleDay& day = data.schedule->front();
     EXPECT_EQ(day.day, utc(2025, 10, 9, 4));
     std::vector<std::string> lines;
     for (const auto& block : day.blocks) {
-        const auto start = calendar->components(block.start);
-        const auto end = calendar->components(block.end);
+        const auto start = calendar_->components(block.start);
+        const auto end = calendar_->components(block.end);
         lines.push_back(block.kind + "|" + block.title + "|" + std::to_string(start.hour) + ":" +
                         std::to_string(start.minute) + "|" + std::to_string(end.hour) + ":" +
                         std::to_string(end.minute) + "|" + block.color);
         EXPECT_FALSE(block.done);
-        EXPECT_TRUE(calendar->isSameDay(block.start, now));
+        EXPECT_TRUE(calendar_->isSameDay(block.start, now_));
     }
     EXPECT_THAT(lines, ElementsAre("period|AP Calculus BC|8:0|8:50|#6366F1",
                                    "period|AP Biology|9:0|9:50|#10B981",
@@ -120,21 +120,21 @@ TEST_F(SampleTest, OfTheScheduleHasTheDaysFourBlocks) {
 }
 
 TEST_F(SampleTest, OfTheScheduleHasTheOtherPartsOfTheGeneralSample) {
-    WidgetData data = scheduleSample(now, *calendar);
-    const WidgetData general = sample(now, *calendar);
+    WidgetData data = scheduleSample(now_, *calendar_);
+    const WidgetData general = sample(now_, *calendar_);
     data.schedule = general.schedule;
     EXPECT_EQ(data, general);
 }
 
 TEST_F(SampleTest, OfTheStreakIsAliveWithAFreezeThreeDaysBack) {
     using Mark = WidgetData::Streak::Mark;
-    const WidgetData data = streakSample(now, *calendar);
+    const WidgetData data = streakSample(now_, *calendar_);
     EXPECT_EQ(data.streak->lastDate, "2025-10-08");
-    EXPECT_TRUE(data.streak->isAlive(now, *calendar));
+    EXPECT_TRUE(data.streak->isAlive(now_, *calendar_));
     EXPECT_GT(data.streak->count, 0);
     EXPECT_GE(data.streak->best, data.streak->count);
     std::vector<Mark> marks;
-    for (const auto& day : data.streak->recent(now, *calendar))
+    for (const auto& day : data.streak->recent(now_, *calendar_))
         marks.push_back(day.mark);
     EXPECT_THAT(marks, ElementsAre(Mark::streak, Mark::streak, Mark::streak, Mark::covered,
                                    Mark::streak, Mark::streak, Mark::none));
@@ -142,11 +142,11 @@ TEST_F(SampleTest, OfTheStreakIsAliveWithAFreezeThreeDaysBack) {
 }
 
 TEST_F(SampleTest, OfTheTimerRunsForEighteenMinutesMore) {
-    const WidgetData::Timer timer = *timerSample(now, *calendar).timer;
+    const WidgetData::Timer timer = *timerSample(now_, *calendar_).timer;
     EXPECT_EQ(timer.state, "running");
     EXPECT_EQ(timer.className, "AP Chemistry");
     EXPECT_EQ(timer.classColor, "#10B981");
-    EXPECT_EQ(timer.endAt, now + 1122);
+    EXPECT_EQ(timer.endAt, now_ + 1122);
     EXPECT_EQ(timer.secsLeft, 1122);
     EXPECT_GT(timer.total, timer.secsLeft);
     EXPECT_FALSE(timer.ringing);

@@ -156,8 +156,8 @@ TEST(SnapshotDecoding, ReadsEscapesInKeysAndTexts) {
 
 TEST(SnapshotDecoding, IgnoresUnknownKeysOfAnyContent) {
     for (const char* const value :
-         {"1", "\"text\"", "null", "[]", "{}", "[1,[2,{\"a\":{}}],\"]\"]", "1e400",
-          "123456789012345678901234567890", "{\"today\":7,\"updated\":[]}", "\"\\ud83c\\udf93\""}) {
+         {"1", R"("text")", "null", "[]", "{}", R"([1,[2,{"a":{}}],"]"])", "1e400",
+          "123456789012345678901234567890", R"({"today":7,"updated":[]})", R"("\ud83c\udf93")"}) {
         const std::string extra = "{\"extra\": " + std::string(value) + ",";
         EXPECT_EQ(decoded(changed(emptyDocument, "{", extra)), decoded(emptyDocument)) << value;
         EXPECT_EQ(decoded(changed(fullDocument, "{\"id\"", extra + "\"id\"")),
@@ -181,12 +181,12 @@ TEST(SnapshotDecoding, TakesTheLastOfDoubledKeys) {
     EXPECT_EQ(decoded(changed(fullDocument, "\"streak\"", "\"timer\": null, \"streak\"")).timer,
               std::nullopt);
     const WidgetData twoLists =
-        decoded(changed(fullDocument, "\"upcoming\"", "\"today\": [], \"upcoming\""));
+        decoded(changed(fullDocument, R"("upcoming")", R"("today": [], "upcoming")"));
     EXPECT_TRUE(twoLists.today.empty());
 }
 
 TEST(SnapshotDecoding, ForgetsAWrongValueWhoseKeyComesAgain) {
-    for (const char* const value : {"7", "[{}]", "{\"a\":[1]}", "null", "\"\\n\""}) {
+    for (const char* const value : {"7", "[{}]", R"({"a":[1]})", "null", R"("\n")"}) {
         const std::string first = "{\"signedIn\":" + std::string(value) + ",";
         EXPECT_EQ(decoded(changed(emptyDocument, "{", first)), decoded(emptyDocument)) << value;
     }

@@ -107,130 +107,130 @@ INSTANTIATE_TEST_SUITE_P(
 class WidgetTicksTest : public ::testing::Test {
 protected:
     void put(const std::string& prefix, const std::string& id, double age) {
-        folder.put(prefix + WidgetTicks::name(id),
-                   WidgetTicks::encode({"Title " + id, now + -age}));
+        folder_.put(prefix + WidgetTicks::name(id),
+                    WidgetTicks::encode({"Title " + id, now_ + -age}));
     }
     [[nodiscard]] Tick tick(const std::string& id, double age) const {
-        return {id, {"Title " + id, now + -age}};
+        return {id, {"Title " + id, now_ + -age}};
     }
 
-    const Date now = Date::since2001(763'000'000);
-    testing::MemoryFolder folder;
-    WidgetTicks ticks{folder};
+    const Date now_ = Date::since2001(763'000'000);
+    testing::MemoryFolder folder_;
+    WidgetTicks ticks_{folder_};
 };
 
 TEST_F(WidgetTicksTest, PendingAreTheIdsOfTickFilesInListingOrder) {
     put("tick-", "b", 3);
     put("done-", "c", 3);
-    folder.put("notes.txt", "");
-    folder.put("tick-", "");
-    folder.put("tick-!!!!", "");
+    folder_.put("notes.txt", "");
+    folder_.put("tick-", "");
+    folder_.put("tick-!!!!", "");
     put("tick-", "a", 100'000);
-    EXPECT_THAT(ticks.pending(), ElementsAre("b", "a"));
+    EXPECT_THAT(ticks_.pending(), ElementsAre("b", "a"));
 }
 
 TEST_F(WidgetTicksTest, PendingAreKnownByTheirNamesAlone) {
-    folder.put("tick-YQ", "no note");
-    folder.putUnreadable("tick-Yg");
-    folder.forgetCalls();
-    EXPECT_THAT(ticks.pending(), ElementsAre("a", "b"));
-    EXPECT_THAT(folder.calls(), ElementsAre("names"));
+    folder_.put("tick-YQ", "no note");
+    folder_.putUnreadable("tick-Yg");
+    folder_.forgetCalls();
+    EXPECT_THAT(ticks_.pending(), ElementsAre("a", "b"));
+    EXPECT_THAT(folder_.calls(), ElementsAre("names"));
 }
 
 TEST_F(WidgetTicksTest, AMissingFolderHasNothing) {
     put("tick-", "a", 3);
-    folder.setMissing(true);
-    EXPECT_THAT(ticks.pending(), IsEmpty());
-    EXPECT_EQ(ticks.latest(now), std::nullopt);
+    folder_.setMissing(true);
+    EXPECT_THAT(ticks_.pending(), IsEmpty());
+    EXPECT_EQ(ticks_.latest(now_), std::nullopt);
 }
 
 TEST_F(WidgetTicksTest, LatestIsTheYoungest) {
     put("tick-", "older", 5);
     put("tick-", "younger", 3);
     put("tick-", "oldest", 7);
-    EXPECT_EQ(ticks.latest(now), tick("younger", 3));
+    EXPECT_EQ(ticks_.latest(now_), tick("younger", 3));
 }
 
 TEST_F(WidgetTicksTest, LatestMayBeTakenOverAlready) {
     put("tick-", "older", 5);
     put("done-", "younger", 3);
-    EXPECT_EQ(ticks.latest(now), tick("younger", 3));
-    EXPECT_THAT(ticks.pending(), ElementsAre("older"));
+    EXPECT_EQ(ticks_.latest(now_), tick("younger", 3));
+    EXPECT_THAT(ticks_.pending(), ElementsAre("older"));
 }
 
 TEST_F(WidgetTicksTest, OfEquallyOldTheFirstListedIsLatest) {
     put("done-", "first", 3);
     put("tick-", "second", 3);
-    EXPECT_EQ(ticks.latest(now), tick("first", 3));
+    EXPECT_EQ(ticks_.latest(now_), tick("first", 3));
 }
 
 TEST_F(WidgetTicksTest, IsOfferedForLessThanTenSeconds) {
     put("tick-", "a", 10);
-    EXPECT_EQ(ticks.latest(now), std::nullopt);
+    EXPECT_EQ(ticks_.latest(now_), std::nullopt);
     put("tick-", "a", 9.75);
-    EXPECT_EQ(ticks.latest(now), tick("a", 9.75));
+    EXPECT_EQ(ticks_.latest(now_), tick("a", 9.75));
 }
 
 TEST_F(WidgetTicksTest, MayLieASecondInTheFutureButNoMore) {
     put("tick-", "a", -0.5);
-    EXPECT_EQ(ticks.latest(now), tick("a", -0.5));
+    EXPECT_EQ(ticks_.latest(now_), tick("a", -0.5));
     put("tick-", "a", -1);
-    EXPECT_EQ(ticks.latest(now), tick("a", -1));
+    EXPECT_EQ(ticks_.latest(now_), tick("a", -1));
     put("tick-", "a", -1.25);
-    EXPECT_EQ(ticks.latest(now), std::nullopt);
+    EXPECT_EQ(ticks_.latest(now_), std::nullopt);
     put("tick-", "a", -2);
-    EXPECT_EQ(ticks.latest(now), std::nullopt);
+    EXPECT_EQ(ticks_.latest(now_), std::nullopt);
 }
 
 TEST_F(WidgetTicksTest, LatestSkipsWhatCannotBeReadAsANote) {
-    folder.putUnreadable("tick-" + WidgetTicks::name("gone"));
-    folder.put("tick-" + WidgetTicks::name("broken"), "{");
-    folder.put("other", WidgetTicks::encode({"Other", now}));
-    folder.put("tick-", WidgetTicks::encode({"Nameless", now}));
+    folder_.putUnreadable("tick-" + WidgetTicks::name("gone"));
+    folder_.put("tick-" + WidgetTicks::name("broken"), "{");
+    folder_.put("other", WidgetTicks::encode({"Other", now_}));
+    folder_.put("tick-", WidgetTicks::encode({"Nameless", now_}));
     put("tick-", "good", 9);
-    EXPECT_EQ(ticks.latest(now), tick("good", 9));
+    EXPECT_EQ(ticks_.latest(now_), tick("good", 9));
 }
 
 TEST_F(WidgetTicksTest, LatestReadsOnlyFilesThatAreNamedLikeTicks) {
-    folder.put("other", "");
+    folder_.put("other", "");
     put("done-", "a", 3);
-    folder.forgetCalls();
-    EXPECT_TRUE(ticks.latest(now));
-    EXPECT_THAT(folder.calls(), ElementsAre("names", "read done-YQ"));
+    folder_.forgetCalls();
+    EXPECT_TRUE(ticks_.latest(now_));
+    EXPECT_THAT(folder_.calls(), ElementsAre("names", "read done-YQ"));
 }
 
 TEST_F(WidgetTicksTest, WritingPutsANoteUnderTheIdsName) {
-    EXPECT_TRUE(ticks.write("a1/b", {"Lab report", now}));
-    EXPECT_EQ(folder.content("tick-YTEvYg"), R"({"title":"Lab report","at":763000000})");
-    EXPECT_TRUE(ticks.write("a1/b", {"Lab report", now + 1}));
-    EXPECT_EQ(folder.content("tick-YTEvYg"), R"({"title":"Lab report","at":763000001})");
+    EXPECT_TRUE(ticks_.write("a1/b", {"Lab report", now_}));
+    EXPECT_EQ(folder_.content("tick-YTEvYg"), R"({"title":"Lab report","at":763000000})");
+    EXPECT_TRUE(ticks_.write("a1/b", {"Lab report", now_ + 1}));
+    EXPECT_EQ(folder_.content("tick-YTEvYg"), R"({"title":"Lab report","at":763000001})");
 }
 
 TEST_F(WidgetTicksTest, WritingTellsWhyItCouldNot) {
-    folder.failWrites("disk full");
-    EXPECT_EQ(ticks.write("a", {"Essay", now}).failure().reason, "disk full");
-    folder.setMissing(true);
-    EXPECT_FALSE(ticks.write("a", {"Essay", now}));
+    folder_.failWrites("disk full");
+    EXPECT_EQ(ticks_.write("a", {"Essay", now_}).failure().reason, "disk full");
+    folder_.setMissing(true);
+    EXPECT_FALSE(ticks_.write("a", {"Essay", now_}));
 }
 
 TEST_F(WidgetTicksTest, RemovingDeletesTheTickFileAndThenTheDoneFile) {
     put("tick-", "a", 3);
     put("done-", "a", 3);
     put("tick-", "b", 3);
-    folder.forgetCalls();
-    ticks.remove("a");
-    EXPECT_THAT(folder.calls(), ElementsAre("remove tick-YQ", "remove done-YQ"));
-    EXPECT_THAT(folder.names(), ElementsAre("tick-Yg"));
+    folder_.forgetCalls();
+    ticks_.remove("a");
+    EXPECT_THAT(folder_.calls(), ElementsAre("remove tick-YQ", "remove done-YQ"));
+    EXPECT_THAT(folder_.names(), ElementsAre("tick-Yg"));
 }
 
 TEST_F(WidgetTicksTest, RemovingTriesBothFilesWhateverHappens) {
     put("done-", "a", 3);
-    ticks.remove("a");
-    EXPECT_THAT(folder.names(), IsEmpty());
-    folder.failRemovals("not allowed");
-    folder.forgetCalls();
-    ticks.remove("a");
-    EXPECT_THAT(folder.calls(), ElementsAre("remove tick-YQ", "remove done-YQ"));
+    ticks_.remove("a");
+    EXPECT_THAT(folder_.names(), IsEmpty());
+    folder_.failRemovals("not allowed");
+    folder_.forgetCalls();
+    ticks_.remove("a");
+    EXPECT_THAT(folder_.calls(), ElementsAre("remove tick-YQ", "remove done-YQ"));
 }
 
 TEST(WidgetTicksOnDisk, SkipsWhatIsNoFileWithoutBlocking) {

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <stdlib.h>
 #include <string>
 #include <string_view>
 

@@ -1,4 +1,4 @@
-#include <errno.h>
+#include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
 #include <gmock/gmock.h>
@@ -29,7 +29,7 @@ struct Missing {
 
 /// Makes this a kernel without them.
 void takeFromKernel(std::initializer_list<Missing> calls) {
-    const scmp_filter_ctx filter = seccomp_init(SCMP_ACT_ALLOW);
+    auto* const filter = seccomp_init(SCMP_ACT_ALLOW);
     for (const Missing& missing : calls) {
         const auto answer = SCMP_ACT_ERRNO(static_cast<unsigned>(missing.error));
         const auto condition = scmp_arg_cmp{0, SCMP_CMP_EQ, missing.argument.value_or(0), 0};

@@ -1,5 +1,5 @@
+#include <cerrno>
 #include <cstring>
-#include <errno.h>
 #include <fcntl.h>
 #include <functional>
 #include <gmock/gmock.h>

@@ -1,10 +1,10 @@
 #include <algorithm>
+#include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <sstream>
 #include <sys/resource.h>
 #include <sys/socket.h>
@@ -25,61 +25,61 @@ class DiskFolderTest : public ::testing::Test {
 protected:
     [[nodiscard]] std::string content(const std::string& name) const {
         std::ostringstream text;
-        text << std::ifstream(disk.pathOf(name), std::ios::binary).rdbuf();
+        text << std::ifstream(disk_.pathOf(name), std::ios::binary).rdbuf();
         return text.str();
     }
 
-    testing::TemporaryFolder disk;
-    DiskFolder folder{disk.path().string()};
+    testing::TemporaryFolder disk_;
+    DiskFolder folder_{disk_.path().string()};
 };
 
 TEST_F(DiskFolderTest, ListsEveryEntryWhateverItIs) {
-    disk.put("tick-a", "");
-    disk.put(".hidden", "");
-    std::filesystem::create_directory(disk.path() / "folder");
-    std::filesystem::create_symlink("nowhere", disk.path() / "dangling");
-    EXPECT_THAT(folder.names(), UnorderedElementsAre("tick-a", ".hidden", "folder", "dangling"));
+    disk_.put("tick-a", "");
+    disk_.put(".hidden", "");
+    std::filesystem::create_directory(disk_.path() / "folder");
+    std::filesystem::create_symlink("nowhere", disk_.path() / "dangling");
+    EXPECT_THAT(folder_.names(), UnorderedElementsAre("tick-a", ".hidden", "folder", "dangling"));
 }
 
 TEST_F(DiskFolderTest, ListsInTheOrderOfTheFileSystem) {
     for (int number = 0; number < 200; ++number)
-        disk.put("tick-" + std::to_string(number * 7919 % 200), "");
+        disk_.put("tick-" + std::to_string(number * 7919 % 200), "");
     // The standard library walks a folder in the same order and does not sort either.
     std::vector<std::string> expected;
-    for (const auto& entry : std::filesystem::directory_iterator(disk.path()))
+    for (const auto& entry : std::filesystem::directory_iterator(disk_.path()))
         expected.push_back(entry.path().filename());
-    EXPECT_EQ(folder.names(), expected);
+    EXPECT_EQ(folder_.names(), expected);
 }
 
 TEST_F(DiskFolderTest, ListsNothingWhereThereIsNoFolder) {
-    disk.put("file", "");
-    EXPECT_TRUE(DiskFolder(disk.pathOf("missing")).names().empty());
-    EXPECT_TRUE(DiskFolder(disk.pathOf("file")).names().empty());
+    disk_.put("file", "");
+    EXPECT_TRUE(DiskFolder(disk_.pathOf("missing")).names().empty());
+    EXPECT_TRUE(DiskFolder(disk_.pathOf("file")).names().empty());
 }
 
 TEST_F(DiskFolderTest, ReadsAWholeFileByteByByte) {
     const std::string bytes("a\0\r\n\xFF", 5);
-    disk.put("file", bytes);
-    EXPECT_EQ(*folder.read("file"), bytes);
-    disk.put("empty", "");
-    EXPECT_EQ(*folder.read("empty"), "");
+    disk_.put("file", bytes);
+    EXPECT_EQ(*folder_.read("file"), bytes);
+    disk_.put("empty", "");
+    EXPECT_EQ(*folder_.read("empty"), "");
     const std::string large(3'000'001, 'x');
-    disk.put("large", large);
-    EXPECT_EQ(*folder.read("large"), large);
+    disk_.put("large", large);
+    EXPECT_EQ(*folder_.read("large"), large);
 }
 
 TEST_F(DiskFolderTest, ReadsWithRoomBehindTheText) {
     for (const std::size_t size : {0U, 1U, 200U, 5000U}) {
-        disk.put("file", std::string(size, 'x'));
-        const std::string text = *folder.read("file");
+        disk_.put("file", std::string(size, 'x'));
+        const std::string text = *folder_.read("file");
         EXPECT_GE(text.capacity(), size + spareCapacity);
     }
 }
 
 TEST_F(DiskFolderTest, ReadsThroughALinkToAFile) {
-    disk.put("file", "text");
-    std::filesystem::create_symlink("file", disk.path() / "link");
-    EXPECT_EQ(*folder.read("link"), "text");
+    disk_.put("file", "text");
+    std::filesystem::create_symlink("file", disk_.path() / "link");
+    EXPECT_EQ(*folder_.read("link"), "text");
 }
 
 TEST_F(DiskFolderTest, ReadsAFileWhoseSizeIsNotToldBeforehand) {
@@ -91,80 +91,80 @@ TEST_F(DiskFolderTest, ReadsAFileWhoseSizeIsNotToldBeforehand) {
 }
 
 TEST_F(DiskFolderTest, RefusesAFifoWithoutWaitingForItsWriter) {
-    ASSERT_EQ(::mkfifo(disk.pathOf("fifo").c_str(), 0600), 0);
-    const Result<std::string> text = folder.read("fifo");
+    ASSERT_EQ(::mkfifo(disk_.pathOf("fifo").c_str(), 0600), 0);
+    const Result<std::string> text = folder_.read("fifo");
     ASSERT_FALSE(text);
     EXPECT_THAT(text.failure().reason, HasSubstr("not a regular file"));
 }
 
 TEST_F(DiskFolderTest, RefusesWhatIsNoRegularFile) {
-    std::filesystem::create_directory(disk.path() / "folder");
-    std::filesystem::create_symlink("nowhere", disk.path() / "dangling");
-    std::filesystem::create_symlink("loop", disk.path() / "loop");
-    std::filesystem::create_symlink("/dev/zero", disk.path() / "device");
-    std::filesystem::create_symlink("folder", disk.path() / "folderLink");
+    std::filesystem::create_directory(disk_.path() / "folder");
+    std::filesystem::create_symlink("nowhere", disk_.path() / "dangling");
+    std::filesystem::create_symlink("loop", disk_.path() / "loop");
+    std::filesystem::create_symlink("/dev/zero", disk_.path() / "device");
+    std::filesystem::create_symlink("folder", disk_.path() / "folderLink");
     const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
     sockaddr_un address = {};
     address.sun_family = AF_UNIX;
-    disk.pathOf("socket").copy(address.sun_path, sizeof address.sun_path - 1);
+    disk_.pathOf("socket").copy(address.sun_path, sizeof address.sun_path - 1);
     ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
     for (const char* const name :
          {"missing", "folder", "dangling", "loop", "device", "folderLink", "socket"})
-        EXPECT_FALSE(folder.read(name)) << name;
+        EXPECT_FALSE(folder_.read(name)) << name;
     ::close(socket);
 }
 
 TEST_F(DiskFolderTest, RefusesAFileBeyondAllReason) {
-    disk.put("huge", "");
-    std::filesystem::resize_file(disk.path() / "huge", std::uintmax_t{1} << 40U);
-    const Result<std::string> text = folder.read("huge");
+    disk_.put("huge", "");
+    std::filesystem::resize_file(disk_.path() / "huge", std::uintmax_t{1} << 40U);
+    const Result<std::string> text = folder_.read("huge");
     ASSERT_FALSE(text);
     EXPECT_THAT(text.failure().reason, HasSubstr("too large"));
 }
 
 TEST_F(DiskFolderTest, SaysWhichFileItCouldNotRead) {
-    EXPECT_EQ(folder.read("missing").failure().reason,
-              disk.pathOf("missing") + ": No such file or directory");
+    EXPECT_EQ(folder_.read("missing").failure().reason,
+              disk_.pathOf("missing") + ": No such file or directory");
 }
 
 TEST_F(DiskFolderTest, RefusesNamesThatAreNotOneComponent) {
-    disk.put("file", "text");
-    std::filesystem::create_directory(disk.path() / "folder");
+    disk_.put("file", "text");
+    std::filesystem::create_directory(disk_.path() / "folder");
     for (const std::string& name :
          {std::string(), std::string("."), std::string(".."), std::string("folder/../file"),
           std::string("file\0", 5), std::string("/etc/passwd")}) {
-        EXPECT_FALSE(folder.read(name)) << name;
-        EXPECT_FALSE(folder.write(name, "")) << name;
-        EXPECT_FALSE(folder.remove(name)) << name;
+        EXPECT_FALSE(folder_.read(name)) << name;
+        EXPECT_FALSE(folder_.write(name, "")) << name;
+        EXPECT_FALSE(folder_.remove(name)) << name;
     }
     EXPECT_EQ(content("file"), "text");
 }
 
 TEST_F(DiskFolderTest, WritesAFreshFileForItsOwnerToChange) {
-    ASSERT_TRUE(folder.write("file", std::string_view("a\0b", 3)));
+    ASSERT_TRUE(folder_.write("file", std::string_view("a\0b", 3)));
     EXPECT_EQ(content("file"), std::string("a\0b", 3));
     struct stat status = {};
-    ASSERT_EQ(::stat(disk.pathOf("file").c_str(), &status), 0);
+    ASSERT_EQ(::stat(disk_.pathOf("file").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 0700U, 0600U);
 }
 
 TEST_F(DiskFolderTest, ReplacesALongerFileWholly) {
-    disk.put("file", "a long text");
-    ASSERT_TRUE(folder.write("file", "b"));
+    disk_.put("file", "a long text");
+    ASSERT_TRUE(folder_.write("file", "b"));
     EXPECT_EQ(content("file"), "b");
 }
 
 TEST_F(DiskFolderTest, NeverCreatesTheFolder) {
-    EXPECT_FALSE(DiskFolder(disk.pathOf("missing")).write("file", "text"));
-    EXPECT_FALSE(std::filesystem::exists(disk.path() / "missing"));
+    EXPECT_FALSE(DiskFolder(disk_.pathOf("missing")).write("file", "text"));
+    EXPECT_FALSE(std::filesystem::exists(disk_.path() / "missing"));
 }
 
 TEST_F(DiskFolderTest, WritesIntoNothingButARegularFile) {
-    std::filesystem::create_directory(disk.path() / "folder");
-    ASSERT_EQ(::mkfifo(disk.pathOf("fifo").c_str(), 0600), 0);
-    EXPECT_FALSE(folder.write("folder", "text"));
-    EXPECT_FALSE(folder.write("fifo", "text"));
-    EXPECT_FALSE(folder.write(std::string(256, 'x'), "text"));
+    std::filesystem::create_directory(disk_.path() / "folder");
+    ASSERT_EQ(::mkfifo(disk_.pathOf("fifo").c_str(), 0600), 0);
+    EXPECT_FALSE(folder_.write("folder", "text"));
+    EXPECT_FALSE(folder_.write("fifo", "text"));
+    EXPECT_FALSE(folder_.write(std::string(256, 'x'), "text"));
 }
 
 /// Lets no file grow beyond so many bytes, as if the disk were full.
@@ -189,35 +189,35 @@ private:
 
 TEST_F(DiskFolderTest, LeavesNoNameBehindWhenTheDiskIsFull) {
     const FileSizeLimit limit(10);
-    EXPECT_FALSE(folder.write("file", "more than ten bytes"));
-    EXPECT_FALSE(std::filesystem::exists(disk.path() / "file"));
+    EXPECT_FALSE(folder_.write("file", "more than ten bytes"));
+    EXPECT_FALSE(std::filesystem::exists(disk_.path() / "file"));
 }
 
 TEST_F(DiskFolderTest, LeavesANameThatWasThereWhenTheDiskIsFull) {
-    disk.put("file", "text");
+    disk_.put("file", "text");
     const FileSizeLimit limit(10);
-    EXPECT_FALSE(folder.write("file", "more than ten bytes"));
-    EXPECT_TRUE(std::filesystem::exists(disk.path() / "file"));
+    EXPECT_FALSE(folder_.write("file", "more than ten bytes"));
+    EXPECT_TRUE(std::filesystem::exists(disk_.path() / "file"));
 }
 
 TEST_F(DiskFolderTest, RemovesFilesAndLinksButNoFolder) {
-    disk.put("file", "text");
-    std::filesystem::create_symlink("file", disk.path() / "link");
-    std::filesystem::create_directory(disk.path() / "folder");
-    EXPECT_TRUE(folder.remove("link"));
-    EXPECT_TRUE(folder.remove("file"));
-    EXPECT_FALSE(folder.remove("file"));
-    EXPECT_FALSE(folder.remove("folder"));
-    EXPECT_THAT(folder.names(), UnorderedElementsAre("folder"));
+    disk_.put("file", "text");
+    std::filesystem::create_symlink("file", disk_.path() / "link");
+    std::filesystem::create_directory(disk_.path() / "folder");
+    EXPECT_TRUE(folder_.remove("link"));
+    EXPECT_TRUE(folder_.remove("file"));
+    EXPECT_FALSE(folder_.remove("file"));
+    EXPECT_FALSE(folder_.remove("folder"));
+    EXPECT_THAT(folder_.names(), UnorderedElementsAre("folder"));
 }
 
 TEST_F(DiskFolderTest, LooksAfreshEveryTime) {
-    EXPECT_TRUE(folder.names().empty());
-    disk.put("file", "one");
-    EXPECT_EQ(*folder.read("file"), "one");
-    disk.put("file", "two");
-    EXPECT_EQ(*folder.read("file"), "two");
-    EXPECT_THAT(folder.names(), UnorderedElementsAre("file"));
+    EXPECT_TRUE(folder_.names().empty());
+    disk_.put("file", "one");
+    EXPECT_EQ(*folder_.read("file"), "one");
+    disk_.put("file", "two");
+    EXPECT_EQ(*folder_.read("file"), "two");
+    EXPECT_THAT(folder_.names(), UnorderedElementsAre("file"));
 }
 
 }  // namespace

@@ -21,8 +21,8 @@ struct LocaleCase {
     const char* weekdayMonthAndDay;
     const char* shortWeekdayMonthAndDay;
 
-    friend void PrintTo(const LocaleCase& locale, std::ostream* stream) {
-        *stream << locale.locale;
+    friend void PrintTo(const LocaleCase& printed, std::ostream* stream) {
+        *stream << printed.locale;
     }
 };
 

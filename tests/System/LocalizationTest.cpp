@@ -15,27 +15,27 @@ class GettextTest : public ::testing::Test {
 protected:
     void putCatalogue(const std::string& language, const std::string& key,
                       const std::string& text) const {
-        const std::filesystem::path folder = disk.path() / language / "LC_MESSAGES";
+        const std::filesystem::path folder = disk_.path() / language / "LC_MESSAGES";
         std::filesystem::create_directories(folder);
-        disk.put(language + ".po",
-                 "msgid \"\"\nmsgstr \"Content-Type: text/plain; charset=UTF-8\\n\"\n"
-                 "msgid \"" +
-                     key + "\"\nmsgstr \"" + text + "\"\n");
+        disk_.put(language + ".po",
+                  "msgid \"\"\nmsgstr \"Content-Type: text/plain; charset=UTF-8\\n\"\n"
+                  "msgid \"" +
+                      key + "\"\nmsgstr \"" + text + "\"\n");
         const std::string command = "msgfmt -o '" +
                                     (folder / "kelmar-planner-widgets.mo").string() + "' '" +
-                                    disk.pathOf(language + ".po") + "'";
+                                    disk_.pathOf(language + ".po") + "'";
         ASSERT_EQ(std::system(command.c_str()), 0);
     }
 
     [[nodiscard]] GettextLocalization localization(const std::string& locale) const {
-        return GettextLocalization(locale, disk.path());
+        return {locale, disk_.path().string()};
     }
 
-    testing::TemporaryFolder disk;
+    testing::TemporaryFolder disk_;
     // What a localization sets for its process ends with the test.
-    ScopedVariable languages{"LANGUAGE", std::nullopt};
-    ScopedVariable all{"LC_ALL", std::nullopt};
-    ScopedVariable messages{"LC_MESSAGES", std::nullopt};
+    ScopedVariable languages_{"LANGUAGE", std::nullopt};
+    ScopedVariable all_{"LC_ALL", std::nullopt};
+    ScopedVariable messages_{"LC_MESSAGES", std::nullopt};
 };
 
 TEST_F(GettextTest, SpeaksTheLanguageOfTheLocale) {

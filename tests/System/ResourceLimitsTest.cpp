@@ -1,6 +1,6 @@
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
-#include <errno.h>
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
-#include <errno.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sched.h>
@@ -36,7 +36,8 @@ std::ostream& operator<<(std::ostream& out, const Attempt& attempt) {
 /// The page of this very function: a call that would work on it otherwise.
 void* ownPage() {
     const auto page = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
-    return reinterpret_cast<void*>(reinterpret_cast<std::uintptr_t>(&ownPage) / page * page);
+    auto* const here = reinterpret_cast<std::byte*>(&ownPage);
+    return here - reinterpret_cast<std::uintptr_t>(here) % page;
 }
 
 long execute() {

@@ -48,18 +48,18 @@ TEST(Catalogue, KeysAreTheEnglishTextsToTheLetter) {
 
 class CatalogueOf : public testing::TestWithParam<const char*> {
 protected:
-    const std::map<std::string, Message> messages = catalogue(std::string(GetParam()) + ".po");
+    const std::map<std::string, Message> messages_ = catalogue(std::string(GetParam()) + ".po");
 };
 
 TEST_P(CatalogueOf, HasEveryKeyAndNoOther) {
     for (const auto& [key, message] : keys()) {
-        EXPECT_TRUE(messages.contains(key)) << key;
+        EXPECT_TRUE(messages_.contains(key)) << key;
     }
-    EXPECT_EQ(messages.size(), keys().size());
+    EXPECT_EQ(messages_.size(), keys().size());
 }
 
 TEST_P(CatalogueOf, EveryTranslationIsFinishedAndKeepsTheVariablePart) {
-    for (const auto& [key, message] : messages) {
+    for (const auto& [key, message] : messages_) {
         EXPECT_NE(message.translation, "") << key;
         EXPECT_FALSE(message.isFuzzy) << key;
         EXPECT_EQ(countOf("{}", message.translation), countOf("{}", key)) << key;
@@ -68,7 +68,7 @@ TEST_P(CatalogueOf, EveryTranslationIsFinishedAndKeepsTheVariablePart) {
 }
 
 TEST_P(CatalogueOf, TranslationsAreWrittenWithTypographicApostrophes) {
-    for (const auto& [key, message] : messages) {
+    for (const auto& [key, message] : messages_) {
         EXPECT_EQ(message.translation.find('\''), std::string::npos) << message.translation;
     }
 }

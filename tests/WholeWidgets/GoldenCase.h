@@ -29,7 +29,7 @@ struct GoldenCase {
 };
 
 /// Names the test after the case.
-void PrintTo(const GoldenCase& goldenCase, std::ostream* stream);  // NOLINT: GoogleTest's name
+void PrintTo(const GoldenCase& goldenCase, std::ostream* stream);
 [[nodiscard]] std::string nameOf(const ::testing::TestParamInfo<GoldenCase>& info);
 
 /// Compares the case's first timeline entry, family by family.
