@@ -1,6 +1,7 @@
 #include "Desktop/ActivationToken.h"
 
 #include <QWindow>
+#include <algorithm>
 #include <fmt/format.h>
 
 #include "Desktop/X11.h"
@@ -24,7 +25,7 @@ std::string makeActivationToken() {
     if (x == nullptr) {
         return {};
     }
-    const xcb_atom_t property = x11::atoms<1>(x, {"_NET_WM_USER_TIME"})[0];
+    const xcb_atom_t property = numberOf(x11::Atom::userTime);
     std::uint32_t latest = 0;
     for (const QWindow* window : QGuiApplication::topLevelWindows()) {
         if (window->handle() != nullptr) {

@@ -4,8 +4,7 @@
 
 namespace kelmar::desktop {
 
-// Qt works on one X screen only, and today's servers have but screen 0.
-Compositor::Compositor() : manager_("_NET_WM_CM_S0") {
+Compositor::Compositor() : manager_(x11::Atom::compositingManager) {
     connect(&manager_, &SelectionOwner::changed, this, &Compositor::changed);
 }
 

@@ -1,8 +1,7 @@
 #include "Desktop/SelectionOwner.h"
 
+#include <QGuiApplication>
 #include <xcb/xfixes.h>
-
-#include "Desktop/X11.h"
 
 namespace kelmar::desktop {
 
@@ -21,8 +20,7 @@ int followOwner(xcb_connection_t* x, xcb_atom_t selection) {
         return 0;
     }
     // The server sends nothing before it has been told which version is spoken.
-    const x11::ReplyPointer<xcb_xfixes_query_version_reply_t> version(
-        xcb_xfixes_query_version_reply(x, xcb_xfixes_query_version(x, 5, 0), nullptr));
+    xcb_discard_reply(x, xcb_xfixes_query_version(x, 5, 0).sequence);
     const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(x)).data->root;
     xcb_xfixes_select_selection_input(x, root, selection,
                                       XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
@@ -33,12 +31,12 @@ int followOwner(xcb_connection_t* x, xcb_atom_t selection) {
 
 }  // namespace
 
-SelectionOwner::SelectionOwner(std::string_view selection) {
+SelectionOwner::SelectionOwner(x11::Atom selection) {
     xcb_connection_t* x = x11::connection();
     if (x == nullptr) {
         return;
     }
-    selection_ = x11::atoms<1>(x, {selection})[0];
+    selection_ = numberOf(selection);
     selectionNotify_ = followOwner(x, selection_);
     isThere_ = hasOwner(x, selection_);
     if (selectionNotify_ != 0) {

@@ -2,7 +2,8 @@
 
 #include <QAbstractNativeEventFilter>
 #include <QObject>
-#include <string_view>
+
+#include "Desktop/X11.h"
 
 namespace kelmar::desktop {
 
@@ -12,7 +13,7 @@ class SelectionOwner final : public QObject, public QAbstractNativeEventFilter {
     Q_OBJECT
 
 public:
-    explicit SelectionOwner(std::string_view selection);
+    explicit SelectionOwner(x11::Atom selection);
     ~SelectionOwner() override;
 
     [[nodiscard]] bool isThere() const { return isThere_; }
@@ -24,7 +25,7 @@ private:
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
     bool isThere_ = false;
-    unsigned selection_ = 0;
+    xcb_atom_t selection_ = XCB_ATOM_NONE;
     int selectionNotify_ = 0;  ///< The number of the event that tells of a new owner.
 };
 

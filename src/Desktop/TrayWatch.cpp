@@ -19,7 +19,7 @@ const auto path = QStringLiteral("/StatusNotifierWatcher");
 
 }  // namespace
 
-TrayWatch::TrayWatch() : windowTray_("_NET_SYSTEM_TRAY_S0") {
+TrayWatch::TrayWatch() : windowTray_(x11::Atom::systemTray) {
     connect(&windowTray_, &SelectionOwner::changed, this, [this] {
         if (windowTray_.isThere()) {
             tellFound();

@@ -9,12 +9,19 @@ namespace kelmar::desktop {
 
 namespace {
 
-/// Qt has no use for visibility events, so it does not ask the server for them.
-void requestVisibilityEvents(xcb_connection_t* x, xcb_window_t window) {
+/// The events that Qt wants from a window; none if the server does not say.
+std::uint32_t eventsOf(xcb_connection_t* x, xcb_window_t window) {
     const x11::ReplyPointer<xcb_get_window_attributes_reply_t> attributes(
         xcb_get_window_attributes_reply(x, xcb_get_window_attributes(x, window), nullptr));
-    if (attributes) {
-        const std::uint32_t events = attributes->your_event_mask | XCB_EVENT_MASK_VISIBILITY_CHANGE;
+    return attributes ? attributes->your_event_mask : std::uint32_t{XCB_EVENT_MASK_NO_EVENT};
+}
+
+/// Qt has no use for visibility events, so it does not ask the server for them.
+void requestVisibilityEvents(xcb_connection_t* x, xcb_window_t window) {
+    // Qt wants the same from each of the widgets' windows: only the first is waited for.
+    static const std::uint32_t qtEvents = eventsOf(x, window);
+    if (qtEvents != XCB_EVENT_MASK_NO_EVENT) {
+        const std::uint32_t events = qtEvents | XCB_EVENT_MASK_VISIBILITY_CHANGE;
         xcb_change_window_attributes(x, window, XCB_CW_EVENT_MASK, &events);
     }
 }

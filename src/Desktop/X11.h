@@ -1,11 +1,8 @@
 #pragma once
 
 #include <QGuiApplication>
-#include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <memory>
-#include <string_view>
 #include <xcb/xcb.h>
 
 /// The few words of xcb that the desktop's X11 parts share.
@@ -25,22 +22,23 @@ using ReplyPointer = std::unique_ptr<Reply, Free>;
     return x11 != nullptr ? x11->connection() : nullptr;
 }
 
-/// The server's numbers for names; all are asked for before the first is waited for.
-template <std::size_t count>
-std::array<xcb_atom_t, count> atoms(xcb_connection_t* x,
-                                    const std::array<std::string_view, count>& names) {
-    std::array<xcb_intern_atom_cookie_t, count> cookies{};
-    std::transform(names.begin(), names.end(), cookies.begin(), [x](std::string_view name) {
-        return xcb_intern_atom(x, 0, static_cast<std::uint16_t>(name.size()), name.data());
-    });
-    std::array<xcb_atom_t, count> numbers{};
-    std::transform(cookies.begin(), cookies.end(), numbers.begin(), [x](auto cookie) {
-        const ReplyPointer<xcb_intern_atom_reply_t> reply(
-            xcb_intern_atom_reply(x, cookie, nullptr));
-        return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-    });
-    return numbers;
-}
+/// The names that this program uses of those which the server knows by numbers.
+enum class Atom {
+    compositingManager,
+    systemTray,
+    supportingWindowManager,
+    userTime,
+    windowDesktop,
+    windowState,
+    windowStateBelow,
+    windowStateSkipPager,
+    windowStateSkipTaskbar,
+    windowStateSticky,
+};
+
+/// The server's number for a name. All are asked for when the first is wanted: waiting for an
+/// answer takes longer than everything else about it.
+[[nodiscard]] xcb_atom_t numberOf(Atom atom);
 
 /// What kind of event a native event filter was given, without the mark of events that another
 /// client sent.
