@@ -15,6 +15,15 @@ namespace {
 
 /// Far more than a label needs, in pixels; but nobody knows what an extension says.
 constexpr int longestLabel = 480;
+/// In characters. What is no longer fits without being measured, which would make the menus' font
+/// ready at every start although hardly anybody opens one.
+constexpr qsizetype shortLabel = 32;
+
+QString elided(const QString& label, const QFont& font) {
+    return label.size() <= shortLabel
+               ? label
+               : QFontMetrics(font).elidedText(label, Qt::ElideRight, longestLabel);
+}
 
 }  // namespace
 
@@ -77,8 +86,7 @@ void ControlEntries::show(const std::string& kind) {
     }
     const kit::ControlValue* value = host_.controlValue(kind);
     QAction& action = *actions_.at(kind);
-    action.setText(escapedForMenu(
-        QFontMetrics(menu_.font()).elidedText(label(*control), Qt::ElideRight, longestLabel)));
+    action.setText(escapedForMenu(elided(label(*control), menu_.font())));
     action.setEnabled(value != nullptr);
     action.setChecked(value != nullptr && value->running);
     action.setIcon(value != nullptr ? symbolIcon(symbols_, value->symbol, ink_) : QIcon());
