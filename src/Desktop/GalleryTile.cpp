@@ -71,18 +71,19 @@ QSize GalleryTile::sizeHint() const {
            QSize(2 * ringRoom, 2 * ringRoom + parts_.look.heldLength(captionHeight));
 }
 
-QImage GalleryTile::cardImage() const {
+QImage GalleryTile::cardImage(paint::Card card) const {
     const paint::WidgetPicture picture(entry_.value_or(blankCard), family_, parts_.direction,
                                        parts_.look.resources());
     return picture.image({.appearance = parts_.look.appearance(),
                           .scale = devicePixelRatioF(),
-                          .redaction = paint::Redaction::shown},
+                          .redaction = paint::Redaction::shown,
+                          .card = card},
                          parts_.clock.now());
 }
 
 void GalleryTile::paintEvent(QPaintEvent* /*event*/) {
     if (image_.isNull() || image_.devicePixelRatio() != devicePixelRatioF()) {
-        image_ = cardImage();
+        image_ = cardImage(paint::Card::blended);
     }
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -35,8 +35,8 @@ public:
     void takeLook();
 
     [[nodiscard]] QSize sizeHint() const override;
-    /// The card as it looks, at the scale of the tile's screen.
-    [[nodiscard]] QImage cardImage() const;
+    /// The widget as it looks, at the scale of the tile's screen.
+    [[nodiscard]] QImage cardImage(paint::Card card) const;
 
 signals:
     /// `grip` is from the card's top left corner to where the pointer holds it. Ended or cancelled

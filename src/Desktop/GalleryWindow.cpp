@@ -118,7 +118,8 @@ void GalleryWindow::connectTile(const GalleryPage::Offer& offer) {
     connect(tile, &GalleryTile::dragBegan, this, [this, tile](QPoint grip) {
         const Corners corners =
             parts_.compositor.isRunning() ? Corners::transparent : Corners::cutOut;
-        inHand_ = std::make_unique<WidgetInHand>(tile->cardImage(), grip, parts_.dragRule, corners);
+        inHand_ = std::make_unique<WidgetInHand>(tile->cardImage(cardFor(corners)), grip,
+                                                 parts_.dragRule, corners);
     });
     connect(tile, &GalleryTile::dragMoved, this, [this](QPoint pointer) {
         if (inHand_) {

@@ -9,7 +9,7 @@ namespace kelmar::desktop {
 
 WidgetInHand::WidgetInHand(const QImage& picture, QPoint grip, DragRule rule, Corners corners)
     : QWidget(nullptr, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowTransparentForInput),
-      picture_(corners == Corners::cutOut ? opaqueCard(picture) : picture),
+      picture_(picture),
       grip_(grip),
       rule_(std::move(rule)) {
     setAttribute(Qt::WA_ShowWithoutActivating);

@@ -12,7 +12,8 @@ namespace kelmar::desktop {
 /// where it would come to rest.
 class WidgetInHand final : public QWidget {
 public:
-    /// `grip` is from the card's top left corner to where the pointer holds it.
+    /// The picture has the card that belongs to the corners; `grip` is from the card's top left
+    /// corner to where the pointer holds it.
     WidgetInHand(const QImage& picture, QPoint grip, DragRule rule, Corners corners);
 
     void follow(QPoint pointer);

@@ -1,5 +1,6 @@
 #include "Desktop/WindowPainting.h"
 
+#include <QPaintEngine>
 #include <vector>
 
 #include "Desktop/CutOutCard.h"
@@ -41,10 +42,29 @@ void WindowPainting::paint(QPainter& painter, const QRegion& parts, double scale
     }
     scale_ = scale;
     paintedMoment_ = clock_.now();
+    if (QImage* surface = wholeSurface(painter, parts)) {
+        // An image has one painter at a time; a second one of the same pixels has another.
+        QImage pixels(surface->bits(), surface->width(), surface->height(), surface->bytesPerLine(),
+                      surface->format());
+        content_.picture()->paintOver(pixels, style(), *paintedMoment_);
+    } else {
+        paintParts(painter, parts);
+    }
+    paintFormer(painter);
+}
+
+QImage* WindowPainting::wholeSurface(const QPainter& painter, const QRegion& parts) const {
+    const QSize size = content_.picture()->pixelSize(scale_);
+    const QRect window(QPoint(), (QSizeF(size) / scale_).toSize());
+    auto* surface = dynamic_cast<QImage*>(painter.paintEngine()->paintDevice());
+    const bool isWhole = parts.boundingRect().contains(window);
+    return isWhole && surface != nullptr && surface->size() == size ? surface : nullptr;
+}
+
+void WindowPainting::paintParts(QPainter& painter, const QRegion& parts) const {
     for (const QRect& part : partsToDraw(parts)) {
         paintPart(painter, part);
     }
-    paintFormer(painter);
 }
 
 void WindowPainting::paintPart(QPainter& painter, const QRect& part) const {
@@ -74,12 +94,14 @@ void WindowPainting::paintFocus(QPainter& painter, const layout::Rect& rect) con
 }
 
 paint::PaintStyle WindowPainting::style() const {
-    return {.appearance = appearance_, .scale = scale_, .redaction = content_.redaction()};
+    return {.appearance = appearance_,
+            .scale = scale_,
+            .redaction = content_.redaction(),
+            .card = cardFor(corners_)};
 }
 
 QImage WindowPainting::picture(const QRect& pixels) const {
-    const QImage image = content_.picture()->image(style(), *paintedMoment_, pixels);
-    return corners_ == Corners::cutOut ? opaqueCard(image) : image;
+    return content_.picture()->image(style(), *paintedMoment_, pixels);
 }
 
 }  // namespace kelmar::desktop

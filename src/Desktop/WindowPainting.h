@@ -51,6 +51,10 @@ signals:
 
 private:
     [[nodiscard]] paint::PaintStyle style() const;
+    /// The pixels that the painter draws on, if they are the whole window's and all of it is to be
+    /// drawn: then no picture of it has to be made first.
+    [[nodiscard]] QImage* wholeSurface(const QPainter& painter, const QRegion& parts) const;
+    void paintParts(QPainter& painter, const QRegion& parts) const;
     void paintPart(QPainter& painter, const QRect& part) const;
     void paintFormer(QPainter& painter) const;
     [[nodiscard]] QImage picture(const QRect& pixels) const;

@@ -21,11 +21,16 @@ struct Appearance {
 /// Whether texts and symbols can be read, or only their places are hinted at.
 enum class Redaction { shown, redacted };
 
+/// Whether a widget's card blends with what lies behind it: its corners are round and it may let
+/// something shine through. For windows that are cut to the card's shape it fills the picture.
+enum class Card { blended, opaque };
+
 /// How a widget is put into pixels.
 struct PaintStyle {
     Appearance appearance{};
     double scale = 1;  ///< Device pixels a point.
     Redaction redaction = Redaction::shown;
+    Card card = Card::blended;
 
     friend bool operator==(const PaintStyle&, const PaintStyle&) = default;
 };

@@ -42,6 +42,28 @@ bool meet(const layout::Rect& a, const layout::Rect& b) {
     return a.x < b.right() && b.x < a.right() && a.y < b.bottom() && b.y < a.bottom();
 }
 
+QImage::Format formatOf(Card card) {
+    switch (card) {
+        case Card::blended:
+            return QImage::Format_ARGB32_Premultiplied;
+        case Card::opaque:
+            return QImage::Format_RGB32;
+    }
+    return QImage::Format_Invalid;
+}
+
+/// An opaque card covers all that was there.
+void clearFor(Card card, QImage& surface) {
+    if (card == Card::blended) {
+        surface.fill(Qt::transparent);
+    }
+}
+
+QColor opaque(QColor color) {
+    color.setAlpha(255);
+    return color;
+}
+
 }  // namespace
 
 WidgetPicture::WidgetPicture(const kit::DrawnEntry& entry, kit::Family family,
@@ -87,8 +109,8 @@ QImage WidgetPicture::image(const PaintStyle& style, system::Date now, const QRe
         drawn |= PixelGrid(scale).exact(withOverhang(box.rect)).toAlignedRect();
     }
     drawn &= QRect(QPoint(), pixelSize(scale));
-    QImage picture(drawn.size(), QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::transparent);
+    QImage picture(drawn.size(), formatOf(style.card));
+    clearFor(style.card, picture);
     QPainter painter(&picture);
     painter.translate(-drawn.topLeft());
     paintCard(painter, style);
@@ -113,6 +135,12 @@ layout::PlacedBoxes WidgetPicture::boxesIn(const layout::Rect& area) const {
     return boxes;
 }
 
+void WidgetPicture::paintOver(QImage& surface, const PaintStyle& style, system::Date now) const {
+    clearFor(style.card, surface);
+    QPainter painter(&surface);
+    paint(painter, style, now);
+}
+
 void WidgetPicture::paint(QPainter& painter, const PaintStyle& style, system::Date now) const {
     paintCard(painter, style);
     paintBoxes(painter, boxes_, {resources_, style, direction_, now});
@@ -135,8 +163,15 @@ void WidgetPicture::paintCard(QPainter& painter, const PaintStyle& style) const 
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(palette.background(background_));
-    painter.drawRoundedRect(card, radius, radius);
+    switch (style.card) {
+        case Card::blended:
+            painter.setBrush(palette.background(background_));
+            painter.drawRoundedRect(card, radius, radius);
+            break;
+        case Card::opaque:
+            painter.fillRect(card, opaque(palette.background(background_)));
+            break;
+    }
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(palette.edge(), line));
     const QRectF middleOfEdge = card.adjusted(line / 2, line / 2, -line / 2, -line / 2);

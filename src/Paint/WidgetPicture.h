@@ -45,10 +45,14 @@ public:
     /// empty by themselves.
     [[nodiscard]] std::vector<layout::Rect> liveAreas() const;
 
-    /// Transparent outside the card. Its device pixel ratio is the scale.
+    /// Transparent outside a blended card. Its device pixel ratio is the scale.
     [[nodiscard]] QImage image(const PaintStyle& style, system::Date now) const;
     /// One part of it, in device pixels, the same to the pixel.
     [[nodiscard]] QImage image(const PaintStyle& style, system::Date now, const QRect& part) const;
+
+    /// Draws it over whatever the surface, which has its size and one of the formats of images,
+    /// holds: the same to the pixel as an image, without the memory for one.
+    void paintOver(QImage& surface, const PaintStyle& style, system::Date now) const;
 
     /// Draws the card and the content from the painter's origin, in device pixels (see paintBoxes).
     void paint(QPainter& painter, const PaintStyle& style, system::Date now) const;

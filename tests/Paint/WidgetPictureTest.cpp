@@ -162,6 +162,22 @@ TEST_F(WidgetPictureTest, IsTransparentOutsideTheRoundCornersAndCardInside) {
     }
 }
 
+TEST_F(WidgetPictureTest, AnOpaqueCardFillsThePictureUpToItsCorners) {
+    const PaintStyle blended{.appearance = {.renderingMode = RenderingMode::vibrant}};
+    PaintStyle opaque = blended;
+    opaque.card = Card::opaque;
+    QColor card = Palette(blended.appearance).background(kit::tertiaryFill);
+    ASSERT_LT(card.alpha(), 255);
+    card.setAlpha(255);
+    const QImage image = picture(empty(), Family::small).image(opaque, now);
+    EXPECT_FALSE(image.hasAlphaChannel());
+    for (const QPoint place :
+         {QPoint(0, 0), QPoint(169, 0), QPoint(0, 169), QPoint(169, 169), QPoint(85, 85)}) {
+        EXPECT_EQ(image.pixelColor(place), card) << place.x() << ", " << place.y();
+    }
+    EXPECT_NE(image.pixelColor(85, 0), card);  // The edge follows the round corners all the same.
+}
+
 TEST_F(WidgetPictureTest, TakesAFixedBackgroundInFullColourOnly) {
     const WidgetPicture streak = picture(empty(orange), Family::small);
     EXPECT_EQ(streak.image({}, now).pixelColor(85, 85), QColor(249, 115, 22));
@@ -261,6 +277,19 @@ TEST_F(WidgetPictureTest, PaintDrawsTheSameAsImage) {
     widget.paint(painter, {}, now);
     painter.end();
     EXPECT_EQ(canvas, widget.image({}, now));
+}
+
+TEST_F(WidgetPictureTest, PaintOverDrawsTheSameAsImageWhateverWasThere) {
+    const WidgetPicture widget = picture(sampler(), Family::medium);
+    for (const Card card : {Card::blended, Card::opaque}) {
+        const PaintStyle style{.scale = 1.25, .card = card};
+        const QImage expected = widget.image(style, now);
+        QImage surface(expected.size(), expected.format());
+        surface.fill(Qt::red);
+        widget.paintOver(surface, style, now);
+        surface.setDevicePixelRatio(expected.devicePixelRatio());
+        EXPECT_EQ(surface, expected);
+    }
 }
 
 TEST_F(WidgetPictureTest, PaintStaysWithinAPlaceThatThePainterMovedTo) {
