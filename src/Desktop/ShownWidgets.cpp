@@ -34,7 +34,6 @@ void ShownWidgets::add(const WidgetPlace& place) {
     window.setName(presentation_.name(place.kind));
     window.setDragRule(dragRuleUnlessLocked(id));
     presentation_.dress(window);
-    presentation_.fill(window, id);
     window.move(shownGeometry(place, currentScreens()).topLeft());
     window.show();
 }
@@ -57,7 +56,7 @@ void ShownWidgets::resize(host::WidgetId id, kit::Family family) {
     shown.place.family = family;
     shown.window->setFamily(family);
     parts_.host.setEnvironment(id, parts_.look.environment(family));
-    presentation_.fill(*shown.window, id);
+    fillAgain(id);
     putInPlace();
 }
 
@@ -95,7 +94,7 @@ void ShownWidgets::takeEntry(host::WidgetId id) {
 
 void ShownWidgets::takeDirection() {
     for (const auto& [id, shown] : shown_) {
-        presentation_.fill(*shown.window, id);
+        fillAgain(id);
     }
 }
 
@@ -103,7 +102,14 @@ void ShownWidgets::takeLook() {
     for (const auto& [id, shown] : shown_) {
         presentation_.dress(*shown.window);
         parts_.host.setEnvironment(id, parts_.look.environment(shown.place.family));
-        presentation_.fill(*shown.window, id);
+        fillAgain(id);
+    }
+}
+
+void ShownWidgets::fillAgain(host::WidgetId id) {
+    WidgetWindow& window = *shown_.at(id).window;
+    if (window.hasContent()) {  // Else the host is about to say what comes first.
+        presentation_.fill(window, id);
     }
 }
 

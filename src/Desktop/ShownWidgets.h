@@ -66,6 +66,8 @@ private:
     void takeNames();
     void takeEntry(host::WidgetId id);
     void takeLook();
+    /// What a window shows already, in another form.
+    void fillAgain(host::WidgetId id);
     void takeClockStep();
     void takePlace(host::WidgetId id, QPoint position);
     void putInPlace();

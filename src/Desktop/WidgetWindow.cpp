@@ -36,6 +36,7 @@ WidgetWindow::WidgetWindow(kit::Family family, const system::Clock& clock)
     setFocusPolicy(Qt::TabFocus);
     setFixedSize(windowSize(family));
     updateMask();
+    setUpdatesEnabled(false);
     connectParts();
 }
 
@@ -109,6 +110,7 @@ void WidgetWindow::setContent(const kit::DrawnEntry& entry, paint::Redaction red
     keyboard_.setTargets(content_.targets());
     tellReaders(*this);
     pointer_.takeContent();
+    setUpdatesEnabled(true);
     update();
 }
 

@@ -32,9 +32,10 @@ public:
     /// By which the window can be dragged; without one it cannot.
     void setDragRule(DragRule rule);
     /// What is to be seen from now on; `resources` must outlive it. A redacted widget cannot be
-    /// pressed: what it shows is not the user's.
+    /// pressed: what it shows is not the user's. Before the first of it nothing is drawn at all.
     void setContent(const kit::DrawnEntry& entry, paint::Redaction redaction,
                     layout::Direction direction, const paint::PaintResources& resources);
+    [[nodiscard]] bool hasContent() const { return content_.picture() != nullptr; }
 
     /// What is said in a tooltip, asked each time one is about to appear; nothing for none.
     void setToolTipSource(std::function<QString()> source);

@@ -14,7 +14,7 @@ ContentKeeper::ContentKeeper(const HostParts& parts, ExtensionClient& client, st
       client_(client),
       urlScheme_(std::move(urlScheme)),
       listeners_(std::move(listeners)),
-      placeholderTimer_(parts.timers.make([this] { tellOfPlaceholders(); })) {
+      waitingTimer_(parts.timers.make([this] { tellOfWaiting(); })) {
     parts_.wallClockTimer.setHandler([this](ClockEvent event) { wake(event); });
     parts_.wallClockTimer.arm(std::nullopt);
 }
@@ -27,6 +27,7 @@ ContentKeeper::~ContentKeeper() {
 WidgetId ContentKeeper::add(const std::string& kind, const kit::Environment& environment) {
     const auto id = ++lastId_;
     widgets_.try_emplace(id, kind, environment, parts_.limits);
+    giveTimelineAMoment(id);
     beginReload(id, ReloadCause::placed);
     return id;
 }
@@ -158,16 +159,18 @@ void ContentKeeper::takePlaceholder(WidgetId id, const RequestOutcome& outcome,
         return;
     }
     if (widget.takePlaceholder(*std::move(entry)) == Looks::different) {
-        if (freshPlaceholders_.empty()) {
-            placeholderTimer_->start(parts_.limits.placeholder);
-        }
-        freshPlaceholders_.push_back(id);
+        giveTimelineAMoment(id);
     }
 }
 
-void ContentKeeper::tellOfPlaceholders() {
-    for (const auto id : std::exchange(freshPlaceholders_, {})) {
-        if (const auto* const widget = find(id); widget != nullptr && widget->showsPlaceholder()) {
+void ContentKeeper::giveTimelineAMoment(WidgetId id) {
+    waiting_.insert(id);
+    waitingTimer_->start(parts_.limits.placeholder);
+}
+
+void ContentKeeper::tellOfWaiting() {
+    for (const auto id : std::exchange(waiting_, {})) {
+        if (const auto* const widget = find(id); widget != nullptr && !widget->hasTimeline()) {
             listeners_.changed(id);
         }
     }

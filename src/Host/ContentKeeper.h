@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -56,7 +57,8 @@ private:
                          const kit::Environment& environment);
     void takeTimeline(WidgetId id, const RequestOutcome& outcome,
                       const kit::Environment& environment);
-    void tellOfPlaceholders();
+    void giveTimelineAMoment(WidgetId id);
+    void tellOfWaiting();
     void refuse(WidgetId id, kit::EntryKind entryKind, const std::string& reason);
     void tell(WidgetId id, Looks looks);
     void arm();
@@ -70,9 +72,9 @@ private:
     ReloadJournal journal_;
     /// Why those are to be reloaded once more whose reload is under way.
     std::map<WidgetId, ReloadCause> wantedAgain_;
-    /// Widgets whose placeholders have come and are not yet told of.
-    std::vector<WidgetId> freshPlaceholders_;
-    std::unique_ptr<Timer> placeholderTimer_;
+    /// Widgets that look different unless their timelines come at once.
+    std::set<WidgetId> waiting_;
+    std::unique_ptr<Timer> waitingTimer_;
     WidgetId lastId_ = 0;
 };
 

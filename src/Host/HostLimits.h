@@ -14,8 +14,8 @@ struct HostLimits {
     std::chrono::milliseconds idle{2'000};
     /// From the end of its input until a process that stays is killed.
     std::chrono::milliseconds ending{1'000};
-    /// How long a placeholder waits for the timeline that follows it before it is shown: one that
-    /// comes and goes at once would be laid out and drawn for nobody.
+    /// How long a new widget, and one that has got a placeholder, waits for a timeline before it is
+    /// shown without one: what comes and goes at once would be laid out and drawn for nobody.
     std::chrono::milliseconds placeholder{50};
     std::chrono::milliseconds firstRetry{1'000};
     std::chrono::milliseconds longestRetry{5 * 60'000};

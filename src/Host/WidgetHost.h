@@ -89,6 +89,7 @@ signals:
     void bundleChanged();
     /// The clock was set, or the machine slept: what counts down must be drawn anew.
     void clockStepped();
+    /// The widget looks different. Said of a new one as well if no answer comes at once.
     void entryChanged(kelmar::host::WidgetId id);
     void controlChanged(const std::string& kind);
 

@@ -65,6 +65,34 @@ protected:
     std::vector<QPoint> menus_;
 };
 
+/// Counts how often a window is drawn.
+class DrawingCounter final : public QObject {
+public:
+    [[nodiscard]] int count() const { return count_; }
+
+private:
+    bool eventFilter(QObject* /*window*/, QEvent* event) override {
+        count_ += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+    int count_ = 0;
+};
+
+TEST_F(WidgetWindowTest, NothingIsDrawnBeforeTheFirstContent) {
+    WidgetWindow window(kit::Family::small, clock_);
+    DrawingCounter drawings;
+    window.installEventFilter(&drawings);
+    window.show();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(window.hasContent());
+    EXPECT_EQ(drawings.count(), 0);
+    window.setContent(entry(), paint::Redaction::shown, layout::Direction::leftToRight, resources_);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window.hasContent());
+    EXPECT_EQ(drawings.count(), 1);
+}
+
 TEST_F(WidgetWindowTest, ClickRunsTheActionUnderIt) {
     click(button);
     click(link);

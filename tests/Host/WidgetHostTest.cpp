@@ -170,6 +170,16 @@ TEST_F(WidgetHostTest, APlaceholderThatIsFollowedAtOnceIsNotToldOf) {
     EXPECT_THAT(changed_, ElementsAre(id, slow));
 }
 
+TEST_F(WidgetHostTest, AWidgetWithoutAnyAnswerIsToldOfAfterAMoment) {
+    introduce();
+    const auto id = host_.add("Clock", small);
+    timers_.advance(49ms);
+    EXPECT_TRUE(changed_.empty());
+    timers_.advance(1ms);
+    EXPECT_THAT(changed_, ElementsAre(id));
+    EXPECT_EQ(shown(id), "nothing");
+}
+
 TEST_F(WidgetHostTest, NothingIsToldOfAPlaceholderWhoseWidgetHasGone) {
     introduce();
     const auto id = host_.add("Clock", small);
