@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <numbers>
 
 namespace kelmar::paint {
@@ -98,6 +99,35 @@ QString firstUsableFamily(const QStringList& names) {
     return {};
 }
 
+QString roundedFamily(const QString& wanted, const QString& substitute) {
+    // One that is not there must not become the sans serif that Qt would take.
+    const QString family = QFontDatabase::hasFamily(wanted)
+                               ? usableFamily(wanted, kit::FontDesign::rounded)
+                               : QString();
+    return family.isEmpty() ? substitute : family;
+}
+
+std::vector<int> uprightWeights(const QString& family) {
+    std::vector<int> weights;
+    for (const QString& style : QFontDatabase::styles(family)) {
+        if (!QFontDatabase::italic(family, style)) {
+            weights.push_back(QFontDatabase::weight(family, style));
+        }
+    }
+    return weights;
+}
+
+/// The weight that Qt would take for one that the family may not have. Asked for by its own name,
+/// it is made ready once and not for each name that leads to it.
+QFont::Weight nearest(QFont::Weight wanted, const std::vector<int>& weights) {
+    const auto found =
+        std::ranges::min_element(weights, {}, [&](int each) { return std::abs(each - wanted); });
+    // Qt makes letters bold that are not, but only those that were asked for as bold.
+    const bool isMadeBold =
+        found == weights.end() || (wanted >= QFont::Bold && *found < QFont::Bold);
+    return isMadeBold ? wanted : static_cast<QFont::Weight>(*found);
+}
+
 QString uiFamily(const QString& wanted) {
     QStringList preferred{wanted, QGuiApplication::font().family(), QStringLiteral("Sans Serif")};
     preferred.removeDuplicates();
@@ -119,23 +149,18 @@ QString FontSet::defaultRoundedFamily() {
     return QStringLiteral("Quicksand");
 }
 
-FontSet::FontSet(const QString& uiFamily, const QString& roundedFamily)
-    : ui_(paint::uiFamily(uiFamily)),
-      // A rounded family that is not there must not become the sans serif that Qt would take.
-      rounded_(QFontDatabase::hasFamily(roundedFamily)
-                   ? usableFamily(roundedFamily, kit::FontDesign::rounded)
-                   : QString()) {
-    if (rounded_.isEmpty()) {
-        rounded_ = ui_;
-    }
-}
+FontSet::Family::Family(const QString& family) : name(family), weights(uprightWeights(family)) {}
 
-const QString& FontSet::family(kit::FontDesign design) const {
+FontSet::FontSet(const QString& uiFamily, const QString& roundedFamily)
+    : ui_(paint::uiFamily(uiFamily)), rounded_(paint::roundedFamily(roundedFamily, ui_.name)) {}
+
+const FontSet::Family& FontSet::of(kit::FontDesign design) const {
     return design == kit::FontDesign::rounded ? rounded_ : ui_;
 }
 
 QFont FontSet::font(const kit::Font& font, int pixelSize) const {
-    return fontOf(family(font.design), weightOf(font.weight), pixelSize);
+    const Family& family = of(font.design);
+    return fontOf(family.name, nearest(weightOf(font.weight), family.weights), pixelSize);
 }
 
 }  // namespace kelmar::paint

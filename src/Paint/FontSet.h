@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QString>
+#include <vector>
 
 #include "Kit/Font.h"
 
@@ -18,7 +19,7 @@ public:
                      const QString& roundedFamily = defaultRoundedFamily());
 
     /// The family that is really used for a design.
-    [[nodiscard]] const QString& family(kit::FontDesign design) const;
+    [[nodiscard]] const QString& family(kit::FontDesign design) const { return of(design).name; }
 
     /// A font of a whole number of pixels: Qt rounds other sizes, so whoever draws or measures at
     /// another size scales by itself. Glyphs are not hinted, which keeps widths proportional to
@@ -35,8 +36,19 @@ public:
     friend bool operator==(const FontSet&, const FontSet&) = default;
 
 private:
-    QString ui_;
-    QString rounded_;
+    struct Family {
+        explicit Family(const QString& family);
+
+        friend bool operator==(const Family&, const Family&) = default;
+
+        QString name;
+        std::vector<int> weights;  ///< Those that it has upright.
+    };
+
+    [[nodiscard]] const Family& of(kit::FontDesign design) const;
+
+    Family ui_;
+    Family rounded_;
 };
 
 }  // namespace kelmar::paint

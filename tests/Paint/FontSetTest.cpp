@@ -43,6 +43,26 @@ TEST(FontSet, EachWeightIsARealCutOfTheFamily) {
     }
 }
 
+TEST(FontSet, WeightsThatAFamilyLacksShareOneThatItHas) {
+    // Quicksand has "Regular" and "Bold" only: its other cuts are families of their own.
+    const FontSet fonts(QStringLiteral("Inter"));
+    const auto rounded = [&](FontWeight weight) {
+        return fonts.font(kit::Font::system(20, weight).rounded(), 24);
+    };
+    EXPECT_EQ(rounded(FontWeight::medium), rounded(FontWeight::regular));
+    for (const FontWeight weight : {FontWeight::semibold, FontWeight::heavy, FontWeight::black}) {
+        EXPECT_EQ(rounded(weight), rounded(FontWeight::bold));
+    }
+    EXPECT_NE(rounded(FontWeight::regular), rounded(FontWeight::bold));
+}
+
+TEST(FontSet, AFamilyWithoutBoldLettersIsStillAskedForThem) {
+    const FontSet fonts(QStringLiteral("Quicksand Medium"));
+    const QFont regular = fonts.font(kit::Font::system(20), 24);
+    EXPECT_EQ(fonts.font(kit::Font::system(20, FontWeight::semibold), 24), regular);
+    EXPECT_EQ(fonts.font(kit::Font::system(20, FontWeight::bold), 24).weight(), QFont::Bold);
+}
+
 TEST(FontSet, RoundedIsQuicksandWhereInstalled) {
     const FontSet fonts(QStringLiteral("Inter"));
     const QRawFont raw = rawFont(fonts, kit::Font::system(30, FontWeight::bold).rounded());
