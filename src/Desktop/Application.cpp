@@ -14,7 +14,9 @@
 #include "Desktop/X11Hints.h"
 #include "Host/ExtensionFile.h"
 #include "Host/SessionBus.h"
+#include "Host/SettingsWatch.h"
 #include "System/HomeFolder.h"
+#include "System/Localization.h"
 
 namespace kelmar::desktop {
 
@@ -74,7 +76,9 @@ int runDesktop(int argc, char** argv) {
         endOnSignals();
         leaveSilentBus(log);
     }
-    paint::FontSearch fontSearch;
+    const host::LocaleVariables sessionLocale = host::localeVariables();
+    system::GettextLocalization::chooseLanguages("");
+    paint::FontSearch fontSearch;  // The first of the threads.
     QApplication application(argc, argv);
     const QDBusConnection bus = options.pictureFile ? QDBusConnection(QString()) : sessionBus();
     if (!options.pictureFile && claimInstance(bus, log) == Instance::later) {
@@ -100,7 +104,8 @@ int runDesktop(int argc, char** argv) {
     }
     fontSearch.begin(QApplication::font().family());
     Ground ground(*extensionFile, options.systemVersion, fontSearch, log);
-    return options.pictureFile ? drawDesktop(ground, options) : showDesktop(ground, options, bus);
+    return options.pictureFile ? drawDesktop(ground, options)
+                               : showDesktop(ground, sessionLocale, options, bus);
 }
 
 }  // namespace kelmar::desktop

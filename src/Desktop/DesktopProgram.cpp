@@ -54,10 +54,11 @@ void tellIfFontsAreMissing(const paint::FontSearch& fontSearch, host::Log& log) 
 
 }  // namespace
 
-int showDesktop(Ground& ground, const Options& options, const QDBusConnection& bus) {
+int showDesktop(Ground& ground, const host::LocaleVariables& sessionLocale, const Options& options,
+                const QDBusConnection& bus) {
     host::Log& log = ground.log;
     QPixmapCache::setCacheLimit(styleCacheLimit);
-    const SettingsFollower follower(ground.host, log);
+    const SettingsFollower follower(ground.host, sessionLocale, log);
     const system::GettextLocalization texts("", system::catalogueFolder());
     setMenuDirection(ground.direction);
     ArrangementFile arrangementFile(ArrangementFile::standardPath(), log);

@@ -1,6 +1,7 @@
 #include "Desktop/SettingsFollower.h"
 
 #include <QLocale>
+#include <utility>
 
 #include "System/EnvironmentLocale.h"
 #include "System/Localization.h"
@@ -16,10 +17,12 @@ layout::Direction writingDirection() {
                                                      : layout::Direction::leftToRight;
 }
 
-SettingsFollower::SettingsFollower(host::WidgetHost& host, host::Log& log)
+SettingsFollower::SettingsFollower(host::WidgetHost& host, host::LocaleVariables session,
+                                   host::Log& log)
     : host_(host),
       fileWatch_(host::HostLimits{}, timers_, log),
-      watch_(fileWatch_, {}, [this](host::ReloadCause cause) { take(cause); }) {}
+      watch_(fileWatch_, {}, std::move(session), [this](host::ReloadCause cause) { take(cause); }) {
+}
 
 void SettingsFollower::take(host::ReloadCause cause) {
     if (cause == host::ReloadCause::localeChanged) {

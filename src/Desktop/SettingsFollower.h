@@ -20,9 +20,8 @@ class SettingsFollower final : public QObject {
     Q_OBJECT
 
 public:
-    /// To be made before the host's own texts are: choosing them changes the environment. Both
-    /// arguments outlive the follower.
-    SettingsFollower(host::WidgetHost& host, host::Log& log);
+    /// `session` is what the process was started with. The others outlive the follower.
+    SettingsFollower(host::WidgetHost& host, host::LocaleVariables session, host::Log& log);
 
 signals:
     /// The host's own texts are in another language now, be the direction another or not.

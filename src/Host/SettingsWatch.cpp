@@ -53,18 +53,24 @@ std::string valueIn(const Map& variables, const std::string& name) {
 
 }  // namespace
 
-SettingsWatch::SettingsWatch(FileWatch& fileWatch, SettingsFiles files,
+LocaleVariables localeVariables() {
+    LocaleVariables variables;
+    for (char** variable = environ; *variable != nullptr; ++variable) {
+        if (auto assignment = assignmentIn(*variable)) {
+            variables.insert(*std::move(assignment));
+        }
+    }
+    return variables;
+}
+
+SettingsWatch::SettingsWatch(FileWatch& fileWatch, SettingsFiles files, LocaleVariables session,
                              std::function<void(ReloadCause)> changed)
     : fileWatch_(fileWatch),
       files_(std::move(files)),
       changed_(std::move(changed)),
       timeZone_(identityOf(timeZoneFile())),
-      locale_(readLocale()) {
-    for (char** variable = environ; *variable != nullptr; ++variable) {
-        if (auto assignment = assignmentIn(*variable)) {
-            environment_.insert(*std::move(assignment));
-        }
-    }
+      locale_(readLocale()),
+      environment_(std::move(session)) {
     auto paths = files_.locale;
     if (!timeZoneFile().empty()) {
         paths.push_back(timeZoneFile());
@@ -88,8 +94,8 @@ std::string SettingsWatch::timeZoneFile() const {
     return zone.starts_with('/') ? std::string(zone) : "";
 }
 
-SettingsWatch::Variables SettingsWatch::readLocale() const {
-    Variables variables;
+LocaleVariables SettingsWatch::readLocale() const {
+    LocaleVariables variables;
     for (const std::string& path : files_.locale) {
         std::ifstream file(path);
         for (std::string line; std::getline(file, line);) {
@@ -117,7 +123,7 @@ void SettingsWatch::look() {
     }
 }
 
-void SettingsWatch::adopt(const Variables& variables) {
+void SettingsWatch::adopt(const LocaleVariables& variables) {
     std::set<std::string> names;
     for (const auto* const all : {&std::as_const(locale_), &variables}) {
         for (const auto& [name, value] : *all) {

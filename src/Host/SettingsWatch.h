@@ -18,6 +18,13 @@ struct SettingsFiles {
     std::vector<std::string> locale{"/etc/default/locale", "/etc/locale.conf"};
 };
 
+/// Variables of the locale by their names, such as LANG.
+using LocaleVariables = std::map<std::string, std::string>;
+
+/// Those in this process's environment. Programs that choose a language change it for themselves,
+/// so what the session said is to be read before that.
+[[nodiscard]] LocaleVariables localeVariables();
+
 /// Notices when the machine's time zone or locale is set to another while this process runs,
 /// whoever does it: the services that do it for a desktop write these files as well. A process and
 /// its children would otherwise keep what they were started with.
@@ -26,28 +33,26 @@ struct SettingsFiles {
 /// come from there: somebody whose session differs from the machine on purpose keeps it so.
 class SettingsWatch {
 public:
-    /// Captures what holds now. `changed` runs after the environment says the same as the files.
-    SettingsWatch(FileWatch& fileWatch, SettingsFiles files,
+    /// Captures what the files say now. `session` is what this process was started with. `changed`
+    /// runs after the environment says the same as the files.
+    SettingsWatch(FileWatch& fileWatch, SettingsFiles files, LocaleVariables session,
                   std::function<void(ReloadCause)> changed);
     ~SettingsWatch();
     SettingsWatch(const SettingsWatch&) = delete;
     SettingsWatch& operator=(const SettingsWatch&) = delete;
 
 private:
-    using Variables = std::map<std::string, std::string>;
-
     void look();
-    void adopt(const Variables& variables);
+    void adopt(const LocaleVariables& variables);
     [[nodiscard]] std::string timeZoneFile() const;
-    [[nodiscard]] Variables readLocale() const;
+    [[nodiscard]] LocaleVariables readLocale() const;
 
     FileWatch& fileWatch_;
     SettingsFiles files_;
     std::function<void(ReloadCause)> changed_;
     std::string timeZone_;
-    Variables locale_;
-    /// The environment's own, as it was: programs that choose a language change it for themselves.
-    Variables environment_;
+    LocaleVariables locale_;
+    LocaleVariables environment_;  ///< What it says but for what this process chose itself.
 };
 
 }  // namespace kelmar::host

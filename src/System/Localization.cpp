@@ -45,13 +45,20 @@ std::string EnglishLocalization::text(std::string_view englishKey) const {
     return std::string(englishKey);
 }
 
-GettextLocalization::GettextLocalization(const std::string& localeId,
-                                         const std::string& catalogueFolder) {
+void GettextLocalization::chooseLanguages(const std::string& localeId) {
     const std::string languages =
         localeId.empty() ? environmentLanguageList() : languageList(localeId);
+    const char* const chosen = std::getenv("LANGUAGE");
+    if (chosen == nullptr || languages != chosen) {
+        ::setenv("LANGUAGE", languages.c_str(), 1);
+    }
+}
+
+GettextLocalization::GettextLocalization(const std::string& localeId,
+                                         const std::string& catalogueFolder) {
+    chooseLanguages(localeId);
     // gettext looks at LANGUAGE only while the locale of messages is not "C"; "C.UTF-8" is not,
     // and is there on every machine, whichever locales have been generated.
-    ::setenv("LANGUAGE", languages.c_str(), 1);
     // Going there by way of "C" makes gettext forget what it has looked up for another list.
     std::setlocale(LC_MESSAGES, "C");
     std::setlocale(LC_MESSAGES, "C.UTF-8");

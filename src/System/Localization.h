@@ -30,6 +30,11 @@ public:
 class GettextLocalization final : public Localization {
 public:
     GettextLocalization(const std::string& localeId, const std::string& catalogueFolder);
+
+    /// Tells gettext the languages, which it takes from the environment. The constructor does so
+    /// too; a program that has threads by then does it before: nobody may read the environment
+    /// while a variable is added.
+    static void chooseLanguages(const std::string& localeId);
     using Localization::text;
     [[nodiscard]] std::string text(std::string_view englishKey) const override;
 };

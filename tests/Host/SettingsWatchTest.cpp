@@ -39,7 +39,7 @@ protected:
             files_,
             SettingsFiles{.timeZone = folder_ / "localtime",
                           .locale = {localeFile(), folder_ / "locale.conf"}},
-            [this](ReloadCause cause) { causes_.push_back(cause); });
+            localeVariables(), [this](ReloadCause cause) { causes_.push_back(cause); });
     }
     [[nodiscard]] static std::string variable(const char* name) {
         const char* const value = std::getenv(name);
@@ -151,9 +151,9 @@ TEST_F(SettingsWatchTest, FilesOfThisKindAreReallyWatched) {
     RecordingLog log;
     QtTimers timers;
     InotifyFileWatch inotify({.fileBurst = 10ms}, timers, log);
-    const SettingsWatch watch(inotify,
-                              {.timeZone = folder_ / "localtime", .locale = {localeFile()}},
-                              [this](ReloadCause cause) { causes_.push_back(cause); });
+    const SettingsWatch watch(
+        inotify, {.timeZone = folder_ / "localtime", .locale = {localeFile()}}, localeVariables(),
+        [this](ReloadCause cause) { causes_.push_back(cause); });
     link("Auckland");
     ASSERT_TRUE(waitUntil([this] { return causes_.size() == 1; }));
     writeText(localeFile(), "LANG=ar_EG.UTF-8\n");
