@@ -138,7 +138,7 @@ std::span<const Setting> knownSettings() {
     return settings;
 }
 
-/// As D-Bus writes it ("D-Bus Specification, Type System"); empty for what D-Bus does not know.
+/// As D-Bus writes types; empty for one that D-Bus does not know.
 std::string signatureOf(const QVariant& value) {
     return value.metaType() == QMetaType::fromType<QDBusArgument>()
                ? value.value<QDBusArgument>().currentSignature().toStdString()

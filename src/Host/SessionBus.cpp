@@ -1,12 +1,15 @@
 #include "Host/SessionBus.h"
 
 #include <QFile>
+#include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
+#include <fcntl.h>
 #include <optional>
-#include <poll.h>
 #include <string_view>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <sys/un.h>
 
 #include "Host/BusAddress.h"
@@ -14,6 +17,8 @@
 
 namespace kelmar::host {
 namespace {
+
+using namespace std::chrono_literals;
 
 constexpr const char* addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 /// A transport that does not exist, which is what others set too in order to have no bus.
@@ -45,6 +50,17 @@ Connection connectTo(const system::Descriptor& descriptor, const std::string& na
     return errno == EAGAIN ? Connection::ignored : Connection::refused;  // EAGAIN: too many wait.
 }
 
+/// The socket's own limit: a wait by the clock would be none where that is made to run faster, as
+/// for trying out a month of days. The end of the connection is an answer too.
+bool answersWithin(const system::Descriptor& descriptor, std::chrono::microseconds patience) {
+    const auto wait = std::max(patience, 1us);  // To a socket, none at all is for ever.
+    const timeval limit{.tv_sec = wait / 1s, .tv_usec = (wait % 1s).count()};
+    setsockopt(descriptor.get(), SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
+    fcntl(descriptor.get(), F_SETFL, 0);  // A limit counts for calls that wait.
+    char first = '\0';
+    return recv(descriptor.get(), &first, 1, 0) >= 0 || errno != EAGAIN;
+}
+
 }  // namespace
 
 bool mayHaveSessionBus() {
@@ -70,8 +86,7 @@ bool isSilentBus(const std::string& address, std::chrono::milliseconds patience)
     if (send(descriptor.get(), question.data(), question.size(), MSG_NOSIGNAL) < 0) {
         return false;
     }
-    pollfd answer{.fd = descriptor.get(), .events = POLLIN, .revents = 0};
-    return poll(&answer, 1, static_cast<int>(patience.count())) == 0;
+    return !answersWithin(descriptor, patience);
 }
 
 std::string leaveSilentSessionBus() {
