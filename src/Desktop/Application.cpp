@@ -24,25 +24,35 @@ namespace {
 
 constexpr int failureStatus = 1;
 
-/// What Qt reads before there is an application object.
-void prepareQt(const Options& options) {
+/// Has Qt find a variable that is meant for this program alone.
+void set(host::ApplicationVariables& former, const char* name, const char* value) {
+    former[name] =
+        qEnvironmentVariableIsSet(name) ? std::optional(qgetenv(name).toStdString()) : std::nullopt;
+    qputenv(name, value);
+}
+
+/// What Qt reads before there is an application object. Returns the variables as they were before,
+/// which is what other applications are to find.
+host::ApplicationVariables prepareQt(const Options& options) {
+    host::ApplicationVariables former;
     // The desktop's platform theme (on GNOME that of GTK) costs more memory and time at the start
     // than all the widgets; what we want of it the settings portal tells us. Only this switch keeps
     // Qt from loading it.
     QApplication::setDesktopSettingsAware(false);
     // Qt looks for a screen reader once, at the start, and a screen reader that comes later would
     // find no widgets.
-    qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
+    set(former, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
     // Memory shared with the X server makes every drawing wait until the server has read the one
     // before: three wakeups more for each tick of a countdown, whose pixels are sent in no time.
-    qputenv("QT_XCB_NO_MITSHM", "1");
+    set(former, "QT_XCB_NO_MITSHM", "1");
     // Only X11 lets a window ask to lie on the desktop; in a Wayland session that is XWayland.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", options.pictureFile ? "offscreen" : "xcb");
+        set(former, "QT_QPA_PLATFORM", options.pictureFile ? "offscreen" : "xcb");
     }
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setApplicationName("kelmar-widgets");
     QApplication::setDesktopFileName("com.kelmarplanner.Widgets");
+    return former;
 }
 
 /// Before there are other threads: it may change the environment.
@@ -67,7 +77,7 @@ int runDesktop(int argc, char** argv) {
         // The bus would go on waiting for a program that it has started and that has ended well.
         return qEnvironmentVariableIsSet("DBUS_STARTER_ADDRESS") ? failureStatus : 0;
     }
-    prepareQt(options);
+    const host::ApplicationVariables formerVariables = prepareQt(options);
     if (qgetenv("QT_QPA_PLATFORM") == "xcb" && !canReachXServer()) {
         log.write(host::LogLevel::error, "There is no X display to put widgets on.");
         return failureStatus;
@@ -103,7 +113,7 @@ int runDesktop(int argc, char** argv) {
         return failureStatus;
     }
     fontSearch.begin(QApplication::font().family());
-    Ground ground(*extensionFile, options.systemVersion, fontSearch, log);
+    Ground ground(*extensionFile, options.systemVersion, formerVariables, fontSearch, log);
     return options.pictureFile ? drawDesktop(ground, options)
                                : showDesktop(ground, sessionLocale, options, bus);
 }

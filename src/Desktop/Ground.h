@@ -1,9 +1,11 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "Desktop/ActivationToken.h"
 #include "Desktop/SettingsFollower.h"
+#include "Host/ApplicationVariables.h"
 #include "Host/GioUrlOpener.h"
 #include "Host/Log.h"
 #include "Host/WidgetHost.h"
@@ -15,15 +17,19 @@ namespace kelmar::desktop {
 
 /// Everything that both the desktop and its picture stand on.
 struct Ground {
-    /// All but the texts must outlive it.
+    /// The fonts and the log must outlive it.
     Ground(const host::ExtensionFile& extensionFile, const std::string& systemVersion,
-           const paint::FontSearch& fonts, host::Log& messages)
-        : fontSearch(fonts), log(messages), host(extensionFile, urlOpener, clock, systemVersion) {}
+           host::ApplicationVariables variables, const paint::FontSearch& fonts,
+           host::Log& messages)
+        : fontSearch(fonts),
+          log(messages),
+          urlOpener(makeActivationToken, std::move(variables)),
+          host(extensionFile, urlOpener, clock, systemVersion) {}
 
     const paint::FontSearch& fontSearch;
     host::Log& log;
     system::SystemClock clock;
-    host::GioUrlOpener urlOpener{makeActivationToken};
+    host::GioUrlOpener urlOpener;
     host::WidgetHost host;
     layout::Direction direction = writingDirection();
 };

@@ -17,8 +17,9 @@ class GioUrlOpener::Worker {
 public:
     using Ended = std::function<void(std::string error)>;
 
-    Worker()
-        : context_(g_main_context_new()),
+    explicit Worker(ApplicationVariables variables)
+        : variables_(std::move(variables)),
+          context_(g_main_context_new()),
           loop_(g_main_loop_new(context_.get(), FALSE)),
           cancellable_(g_cancellable_new()),
           thread_([this] { run(); }) {}
@@ -92,7 +93,7 @@ private:
         const bool isOnBus =
             bus_ && G_IS_DESKTOP_APP_INFO(handler) &&
             g_desktop_app_info_get_boolean(G_DESKTOP_APP_INFO(handler), "DBusActivatable") != 0;
-        return isOnBus && token.empty() ? nullptr : makeLaunchContext(token);
+        return isOnBus && token.empty() ? nullptr : makeLaunchContext(token, variables_);
     }
 
     /// GIO speaks to some handlers over the session bus. The connection belongs to the whole
@@ -115,6 +116,7 @@ private:
         launch.worker->launches_.remove_if([&](const Launch& each) { return &each == &launch; });
     }
 
+    ApplicationVariables variables_;
     GlibOwned<GMainContext> context_;
     GlibOwned<GMainLoop> loop_;
     GlibOwned<GCancellable> cancellable_;
@@ -123,14 +125,15 @@ private:
     std::thread thread_;
 };
 
-GioUrlOpener::GioUrlOpener(MakeToken makeToken) : makeToken_(std::move(makeToken)) {}
+GioUrlOpener::GioUrlOpener(MakeToken makeToken, ApplicationVariables variables)
+    : makeToken_(std::move(makeToken)), variables_(std::move(variables)) {}
 
 GioUrlOpener::~GioUrlOpener() = default;
 
 void GioUrlOpener::open(const std::string& url, OpenOptions options,
                         std::function<void(std::string error)> completed) {
     if (!worker_) {
-        worker_ = std::make_unique<Worker>();
+        worker_ = std::make_unique<Worker>(variables_);
     }
     // The worker is joined before the opener is gone, so `this` is there when it calls.
     auto ended = [this, completed = std::move(completed)](std::string error) {

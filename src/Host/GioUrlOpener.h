@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "Host/ApplicationVariables.h"
 #include "Host/UrlOpener.h"
 
 namespace kelmar::host {
@@ -21,7 +22,8 @@ public:
     /// Makes a token with which an application may come to the front, or the empty text.
     using MakeToken = std::function<std::string()>;
 
-    explicit GioUrlOpener(MakeToken makeToken = {});
+    /// `variables` are for the handlers that it starts.
+    explicit GioUrlOpener(MakeToken makeToken = {}, ApplicationVariables variables = {});
     ~GioUrlOpener() override;
 
     /// A handler that is not to be activated gets no token, without which window managers leave it
@@ -34,6 +36,7 @@ private:
     class Worker;
 
     MakeToken makeToken_;
+    ApplicationVariables variables_;
     std::unique_ptr<Worker> worker_;  ///< From the first URL on.
 };
 

@@ -23,11 +23,19 @@ GType contextType() {
 
 }  // namespace
 
-GlibOwned<GAppLaunchContext> makeLaunchContext(const std::string& activationToken) {
+GlibOwned<GAppLaunchContext> makeLaunchContext(const std::string& activationToken,
+                                               const ApplicationVariables& variables) {
     GlibOwned<GAppLaunchContext> context(
         G_APP_LAUNCH_CONTEXT(g_object_new(contextType(), nullptr)));
     g_app_launch_context_unsetenv(context.get(), "DESKTOP_STARTUP_ID");
     g_app_launch_context_unsetenv(context.get(), "XDG_ACTIVATION_TOKEN");
+    for (const auto& [name, value] : variables) {
+        if (value) {
+            g_app_launch_context_setenv(context.get(), name.c_str(), value->c_str());
+        } else {
+            g_app_launch_context_unsetenv(context.get(), name.c_str());
+        }
+    }
     if (!activationToken.empty()) {
         g_object_set_data_full(G_OBJECT(context.get()), tokenKey, g_strdup(activationToken.c_str()),
                                g_free);

@@ -47,6 +47,8 @@ FONT_CONFIGURATION = """<?xml version="1.0"?>
 RECORDING_PLANNER = """#!/bin/sh
 printf '%s\\n' "$1" >> '{record}'
 printf '%s\\n' "$DESKTOP_STARTUP_ID" >> '{record}.startup-ids'
+env > '{record}.environment.new'
+mv '{record}.environment.new' '{record}.environment'
 """
 
 DESKTOP_ENTRY = """[Desktop Entry]
@@ -145,6 +147,12 @@ class Session:
 
     def opened_urls(self):
         return self._recorded(self._url_record())
+
+    def environment_of_planner(self):
+        """What the program for the last opened URL found in its environment, by the names."""
+        record = self._url_record() + ".environment"
+        wait_until(lambda: os.path.exists(record), "the planner to have written everything down")
+        return dict(line.split("=", 1) for line in self._recorded(record) if "=" in line)
 
     def startup_ids(self):
         """For every opened URL the identifier with which its program may come to the front."""

@@ -38,7 +38,7 @@ protected:
     static void SetUpTestSuite() {
         std::filesystem::create_directories(dataHome() / "applications");
         writeText(dataHome() / "applications/mimeapps.list", "[Default Applications]\n");
-        for (const auto* const scheme : {"plain", "background", "front", "recent"}) {
+        for (const auto* const scheme : {"plain", "background", "front", "recent", "variables"}) {
             registerCommand(scheme, scriptFor(scheme).string() + " %u");
         }
         registerCommand("stays", "/bin/sh -c \"sleep 5\" %u");
@@ -108,6 +108,18 @@ TEST_F(GioUrlOpenerTest, GivesATokenOfItsOwnToAnActivatingOpening) {
     open("test-front://x", {.activates = true, .addsToRecentItems = false});
     EXPECT_THAT(outputOf("front"), HasSubstr("DESKTOP_STARTUP_ID=token_TIME77\n"));
     EXPECT_TRUE(completes());
+}
+
+TEST_F(GioUrlOpenerTest, GivesTheHandlerVariablesOfItsOwn) {
+    qputenv("KELMAR_CHANGED", "for this process");
+    qputenv("KELMAR_ADDED", "for this process");
+    GioUrlOpener opener({}, {{"KELMAR_CHANGED", "as before"}, {"KELMAR_ADDED", std::nullopt}});
+    opener.open("test-variables://x", {}, [](const std::string& /*error*/) {});
+    const auto output = outputOf("variables");
+    qunsetenv("KELMAR_CHANGED");
+    qunsetenv("KELMAR_ADDED");
+    EXPECT_THAT(output, HasSubstr("KELMAR_CHANGED=as before\n"));
+    EXPECT_THAT(output, Not(HasSubstr("KELMAR_ADDED")));
 }
 
 TEST_F(GioUrlOpenerTest, AddsNothingToTheRecentFiles) {
