@@ -1,11 +1,11 @@
 #include "Paint/SymbolSet.h"
 
-#include <QByteArray>
 #include <QDir>
 #include <QFile>
 #include <QPainter>
-#include <QSvgRenderer>
 #include <algorithm>
+
+#include "Paint/SymbolDrawing.h"
 
 /// A static library's resources are only there once something asks for them, and the macro must
 /// stand outside every namespace.
@@ -22,7 +22,6 @@ constexpr qsizetype bytesPerPixel = 4;
 constexpr int largestSide = 2048;
 
 const QString resourceFolder = QStringLiteral(":/symbols/");
-const QString resourceSuffix = QStringLiteral(".svg");
 const QString placeholderName = QStringLiteral("placeholder");
 
 /// How much thicker a weight draws lines than the regular one.
@@ -44,24 +43,9 @@ double strokeFactor(kit::FontWeight weight) {
     return 1;
 }
 
-QByteArray contentOf(const QString& name) {
-    QFile file(resourceFolder + name + resourceSuffix);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// A symbol's file with every width of a line multiplied.
-QByteArray withStrokes(const QByteArray& svg, double factor) {
-    static const QByteArray attribute = "stroke-width=\"";
-    QByteArray result;
-    qsizetype copied = 0;
-    for (qsizetype at = svg.indexOf(attribute); at >= 0; at = svg.indexOf(attribute, copied)) {
-        const qsizetype start = at + attribute.size();
-        const qsizetype end = svg.indexOf('"', start);
-        result += svg.mid(copied, start - copied);
-        result += QByteArray::number(svg.mid(start, end - start).toDouble() * factor);
-        copied = end;
-    }
-    return result + svg.mid(copied);
+SymbolDrawing drawingOf(const QString& name) {
+    QFile file(resourceFolder + name);
+    return file.open(QIODevice::ReadOnly) ? decodedSymbol(file.readAll()) : SymbolDrawing();
 }
 
 /// Turns a picture in black and white into one in a colour, covering where there was black.
@@ -85,10 +69,10 @@ QImage rendered(const QString& name, const SymbolRequest& request) {
     QImage picture(request.side + (halfX ? 1 : 0), request.side + (halfY ? 1 : 0),
                    QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
-    QSvgRenderer renderer(withStrokes(contentOf(name), strokeFactor(request.weight)));
     QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    renderer.render(&painter, QRectF(halfX ? 0.5 : 0, halfY ? 0.5 : 0, request.side, request.side));
+    drawSymbol(painter, drawingOf(name),
+               QRectF(halfX ? 0.5 : 0, halfY ? 0.5 : 0, request.side, request.side),
+               strokeFactor(request.weight));
     painter.end();
     tint(picture, request.color);
     return picture;
@@ -107,8 +91,7 @@ std::vector<std::string> SymbolSet::names() {
     static const std::vector<std::string> all = [] {
         loadSymbolResources();
         std::vector<std::string> names;
-        for (const QString& file : QDir(resourceFolder).entryList(QDir::Files)) {
-            const QString name = file.chopped(resourceSuffix.size());
+        for (const QString& name : QDir(resourceFolder).entryList(QDir::Files)) {
             if (name != placeholderName) {
                 names.push_back(name.toStdString());
             }

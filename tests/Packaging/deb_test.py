@@ -96,6 +96,10 @@ class Packages(unittest.TestCase):
         self.assertRegex(self.field("kelmar-planner-widgets", "Depends"), libraries)
         self.assertIn("libqt6widgets6", self.field("kelmar-planner-demo", "Depends"))
 
+    def test_what_only_the_build_needs_is_not_depended_on(self):
+        for package in FILES:
+            self.assertNotIn("libqt6svg", self.field(package, "Depends"))
+
     def test_packages_introduce_themselves(self):
         for package in FILES:
             self.assertEqual(self.field(package, "Section"), "education")

@@ -36,6 +36,16 @@ TEST(SymbolSet, EverySymbolFillsAndCentresItsSquareAtEverySize) {
     }
 }
 
+TEST(SymbolSet, EverySymbolHasADrawingAtEveryWeight) {
+    using enum kit::FontWeight;
+    for (const std::string& name : SymbolSet::names()) {
+        for (const kit::FontWeight weight : {regular, medium, semibold, bold, heavy, black}) {
+            SCOPED_TRACE(name + " at " + std::to_string(static_cast<int>(weight)));
+            EXPECT_GE(inkAmount(drawn(name, 48, weight)), 0.08 * 48 * 48);
+        }
+    }
+}
+
 TEST(SymbolSet, EvenTheHeaviestWeightStaysInsideTheSquare) {
     for (const std::string& name : SymbolSet::names()) {
         SCOPED_TRACE(name);
