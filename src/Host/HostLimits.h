@@ -30,7 +30,8 @@ struct HostLimits {
     /// URLs that one process may have waiting to be opened.
     std::size_t waitingUrls = 32;
     /// Lines in the log that an extension may cause at once, of each kind: what it says on standard
-    /// error, its mistakes, its ends and returns. After that there is one more in each `logPause`.
+    /// error, its mistakes, its ends and returns, its staying when it is to end. After that there
+    /// is one more in each `logPause`.
     int logLines = 20;
     std::chrono::milliseconds logPause{10 * 60'000};
 };

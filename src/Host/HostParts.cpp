@@ -13,7 +13,7 @@ struct MachineParts::Parts {
         : log(anyLog),
           wallClockTimer(log),
           fileWatch(limits, timers, log),
-          launcher(executable, limits, log) {}
+          launcher(executable, limits, timers, log) {}
 
     HostLimits limits;
     Log& log;

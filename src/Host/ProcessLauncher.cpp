@@ -25,14 +25,14 @@ std::string_view viewOf(const QByteArray& bytes) {
 class Child final : public QObject {
 public:
     Child(const std::string& executable, ExtensionListener& listener, const HostLimits& limits,
-          Log& log, QObject* parent)
+          RationedLog& overstays, QObject* parent)
         : QObject(parent),
           process_(this),
           executable_(executable),
           version_(system::fileVersion(executable)),
           listener_(&listener),
           limits_(limits),
-          log_(log) {
+          overstays_(overstays) {
         // All queued: a start may fail at once, and nobody expects to hear of a process before
         // having it, nor of what it says while writing to it.
         connect(&process_, &QProcess::readyReadStandardOutput, this, &Child::readOutput,
@@ -134,9 +134,10 @@ private:
 
     void killIfItStays() {
         if (process_.state() != QProcess::NotRunning) {
-            log_.write(LogLevel::warning,
-                       fmt::format("the extension stayed {} ms after the end of its input; killed",
-                                   limits_.ending.count()));
+            overstays_.write(
+                LogLevel::warning,
+                fmt::format("the extension stayed {} ms after the end of its input; killed",
+                            limits_.ending.count()));
             process_.kill();
         }
     }
@@ -146,7 +147,7 @@ private:
     std::optional<system::FileVersion> version_;  ///< Of the executable before the start.
     ExtensionListener* listener_;
     HostLimits limits_;
-    Log& log_;
+    RationedLog& overstays_;
     LineBuffer output_{kit::maximumLineLength};
     LineBuffer errors_{longestErrorLine};
 };
@@ -182,8 +183,11 @@ private:
 
 }  // namespace
 
-ProcessLauncher::ProcessLauncher(std::string executable, const HostLimits& limits, Log& log)
-    : executable_(std::move(executable)), limits_(limits), log_(log) {}
+ProcessLauncher::ProcessLauncher(std::string executable, const HostLimits& limits, Timers& timers,
+                                 Log& log)
+    : executable_(std::move(executable)),
+      limits_(limits),
+      overstays_(log, timers, limits.logLines, limits.logPause) {}
 
 ProcessLauncher::~ProcessLauncher() {
     const QDeadlineTimer deadline(limits_.ending);
@@ -194,7 +198,7 @@ ProcessLauncher::~ProcessLauncher() {
 
 std::unique_ptr<ExtensionProcess> ProcessLauncher::launch(ExtensionListener& listener) {
     return std::make_unique<ChildHandle>(
-        new Child(executable_, listener, limits_, log_, &children_));
+        new Child(executable_, listener, limits_, overstays_, &children_));
 }
 
 }  // namespace kelmar::host

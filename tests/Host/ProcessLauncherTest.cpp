@@ -15,6 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 class RecordingListener final : public ExtensionListener {
 public:
@@ -50,8 +51,9 @@ protected:
     TemporaryFolder folder_;
     std::filesystem::path program_ = folder_ / "extension";
     RecordingLog log_;
+    ManualTimers timers_;
     RecordingListener listener_;
-    ProcessLauncher launcher_{program_, {.ending = 20s}, log_};
+    ProcessLauncher launcher_{program_, {.ending = 20s}, timers_, log_};
 };
 
 TEST_F(ProcessLauncherTest, CarriesLinesBothWays) {
@@ -105,7 +107,7 @@ TEST_F(ProcessLauncherTest, AGentleEndLetsTheProcessFinish) {
 }
 
 TEST_F(ProcessLauncherTest, OneThatStaysAfterItsInputHasEndedIsKilled) {
-    ProcessLauncher launcher(program_, {.ending = 300ms}, log_);
+    ProcessLauncher launcher(program_, {.ending = 300ms}, timers_, log_);
     const auto process = launch(launcher, "echo $$; exec sleep 3600");
     ASSERT_TRUE(waitUntil([&] { return !listener_.lines.empty(); }));
     const auto folder = "/proc/" + listener_.lines.at(0);
@@ -113,6 +115,27 @@ TEST_F(ProcessLauncherTest, OneThatStaysAfterItsInputHasEndedIsKilled) {
     EXPECT_TRUE(std::filesystem::exists(folder));
     EXPECT_TRUE(waitUntil([&] { return !std::filesystem::exists(folder); }));
     EXPECT_THAT(log_.lines, ElementsAre(HasSubstr("stayed 300 ms after the end of its input")));
+}
+
+TEST_F(ProcessLauncherTest, ThoseThatAlwaysStayFillNoLog) {
+    ProcessLauncher launcher(program_, {.ending = 20ms, .logLines = 3, .logPause = 1h}, timers_,
+                             log_);
+    const auto letOneStay = [&] {
+        listener_.lines.clear();
+        const auto process = launch(launcher, "echo $$; exec sleep 3600");
+        ASSERT_TRUE(waitUntil([&] { return !listener_.lines.empty(); }));
+        const auto folder = "/proc/" + listener_.lines.at(0);
+        process->end(Ending::gently);
+        ASSERT_TRUE(waitUntil([&] { return !std::filesystem::exists(folder); }));
+    };
+    for (int count = 0; count < 5; ++count) {
+        letOneStay();
+    }
+    EXPECT_THAT(log_.lines, SizeIs(3));
+    timers_.advance(1h);
+    letOneStay();
+    EXPECT_THAT(log_.lines, SizeIs(4));
+    EXPECT_THAT(log_.lines.back(), HasSubstr("(2 like it left out before)"));
 }
 
 TEST_F(ProcessLauncherTest, AnEndAtOnceKills) {
@@ -127,7 +150,7 @@ TEST_F(ProcessLauncherTest, AnEndAtOnceKills) {
 }
 
 TEST_F(ProcessLauncherTest, HearsNothingMoreAfterTheEnd) {
-    ProcessLauncher launcher(program_, {.ending = 300ms}, log_);
+    ProcessLauncher launcher(program_, {.ending = 300ms}, timers_, log_);
     const auto process = launch(launcher, "while echo more; do :; done");
     EXPECT_TRUE(waitUntil([&] { return !listener_.lines.empty(); }));
     process->end(Ending::gently);
@@ -139,7 +162,7 @@ TEST_F(ProcessLauncherTest, HearsNothingMoreAfterTheEnd) {
 TEST_F(ProcessLauncherTest, GoingAwayLetsAProcessFinishAndLeavesNoneBehind) {
     std::string folder;
     {
-        ProcessLauncher launcher(program_, {.ending = 2s}, log_);
+        ProcessLauncher launcher(program_, {.ending = 2s}, timers_, log_);
         const auto process = launch(launcher, "echo $$; while read line; do :; done; touch " +
                                                   pathOf("finished") + "; exec sleep 3600");
         ASSERT_TRUE(waitUntil([&] { return !listener_.lines.empty(); }));
@@ -177,7 +200,7 @@ TEST_F(ProcessLauncherTest, KeepsNothingOfWhatIsPrintedAfterTheEnd) {
 #ifdef __SANITIZE_ADDRESS__
     GTEST_SKIP() << "the address sanitizer keeps hundreds of megabytes of what has been freed";
 #endif
-    ProcessLauncher launcher(program_, {.ending = 10s}, log_);
+    ProcessLauncher launcher(program_, {.ending = 10s}, timers_, log_);
     const auto process =
         launch(launcher, "echo begun; head -c 300000000 /dev/zero; touch " + pathOf("printed") +
                              "; head -c 300000000 /dev/zero >&2; touch " + pathOf("shouted"));

@@ -91,7 +91,7 @@ protected:
     RecordingLog log_;
     HostLimits limits_;
     std::string program_ = copiedProgram(folder_ / "extension");
-    ProcessLauncher launcher_{program_, limits_, log_};
+    ProcessLauncher launcher_{program_, limits_, timers_, log_};
     WidgetHost host_{
         {.executable = program_, .urlScheme = "clock", .reloadOnChange = {}},
         HostParts{opener_, clock_, wallClockTimer_, timers_, launcher_, fileWatch_, log_, limits_}};
