@@ -2,6 +2,7 @@
 
 #include <QDBusMessage>
 #include <QDBusMetaType>
+#include <QProcess>
 
 namespace kelmar::desktop::test {
 
@@ -10,6 +11,25 @@ namespace {
 constexpr const char* service = "org.freedesktop.portal.Desktop";
 constexpr const char* objectPath = "/org/freedesktop/portal/desktop";
 constexpr const char* connectionName = "portal";
+constexpr const char* addressVariable = "DBUS_SESSION_BUS_ADDRESS";
+
+/// Runs until the program ends.
+struct BusDaemon {
+    BusDaemon() {
+        process.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
+        process.waitForReadyRead();
+        address = QString::fromUtf8(process.readLine()).trimmed();
+    }
+    ~BusDaemon() {
+        process.terminate();
+        process.waitForFinished();
+    }
+    BusDaemon(const BusDaemon&) = delete;
+    BusDaemon& operator=(const BusDaemon&) = delete;
+
+    QProcess process;
+    QString address;
+};
 
 }  // namespace
 
@@ -36,15 +56,20 @@ Settings FakePortal::ReadAll(const QStringList& namespaces) {
 }
 
 PrivateBus::PrivateBus() {
-    daemon_.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
-    daemon_.waitForReadyRead();
-    address_ = QString::fromUtf8(daemon_.readLine()).trimmed();
-    qputenv("DBUS_SESSION_BUS_ADDRESS", address_.toUtf8());
+    qputenv(addressVariable, address().toUtf8());
 }
 
 PrivateBus::~PrivateBus() {
-    daemon_.terminate();
-    daemon_.waitForFinished();
+    leaveSessionBus();
+}
+
+const QString& PrivateBus::address() const {
+    static BusDaemon daemon;
+    return daemon.address;
+}
+
+void leaveSessionBus() {
+    qputenv(addressVariable, "disabled:");
 }
 
 }  // namespace kelmar::desktop::test

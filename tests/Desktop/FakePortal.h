@@ -5,7 +5,6 @@
 #include <QDBusVariant>
 #include <QMap>
 #include <QObject>
-#include <QProcess>
 #include <QVariantMap>
 
 namespace kelmar::desktop::test {
@@ -37,19 +36,20 @@ private:
     QDBusConnection connection_;
 };
 
-/// A session bus of a test's own. It is this process's session bus if it is made before anything
-/// has asked for one.
+/// A session bus for tests, which is this process's while there is one of these and not afterwards.
+/// It is the same bus each time: Qt connects a process to its session bus once and for all.
 class PrivateBus {
 public:
     PrivateBus();
     ~PrivateBus();
+    PrivateBus(const PrivateBus&) = delete;
+    PrivateBus& operator=(const PrivateBus&) = delete;
 
-    [[nodiscard]] const QString& address() const { return address_; }
-
-private:
-    QProcess daemon_;
-    QString address_;
+    [[nodiscard]] const QString& address() const;
 };
+
+/// Has this process do as where there is no session bus, such as that of whoever runs the tests.
+void leaveSessionBus();
 
 }  // namespace kelmar::desktop::test
 
