@@ -2,10 +2,12 @@
 
 #include <QGuiApplication>
 #include <QPalette>
+#include <QScreen>
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
+#include "Desktop/OwnTextScale.h"
 #include "Kit/Metrics.h"
 #include "System/Fatal.h"
 
@@ -42,6 +44,7 @@ Look::Look(const PortalSettings& settings, SchemeChoice scheme,
       desktopFonts_(std::move(desktopFonts)),
       resources_(std::make_unique<paint::PaintResources>(desktopFonts_)) {
     connect(&settings, &PortalSettings::changed, this, &Look::takePreferences);
+    connect(&screens_, &ScreenWatch::changed, this, &Look::takeScreens);
 }
 
 void Look::setRenderingMode(kit::RenderingMode mode) {
@@ -85,12 +88,25 @@ int Look::heldLength(int usual) const {
 void Look::takePreferences() {
     const paint::FontSet fonts = this->fonts();
     std::unique_ptr<paint::PaintResources> former;
-    const double textScale = settings_.preferences().textScale;
+    const double textScale = this->textScale();
     if (fonts != resources_->fonts() || textScale != resources_->textScale()) {
         former =
             std::exchange(resources_, std::make_unique<paint::PaintResources>(fonts, textScale));
     }
     emit changed();
+}
+
+/// They may get another scale while the program runs.
+void Look::takeScreens() {
+    if (textScale() != resources_->textScale()) {
+        takePreferences();
+    }
+}
+
+double Look::textScale() const {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return ownTextScale(settings_.preferences().textScale,
+                        screen == nullptr ? 1 : screen->devicePixelRatio());
 }
 
 paint::FontSet Look::fonts() const {

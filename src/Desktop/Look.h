@@ -7,6 +7,7 @@
 
 #include "Desktop/Options.h"
 #include "Desktop/PortalSettings.h"
+#include "Desktop/ScreenWatch.h"
 #include "Kit/Environment.h"
 #include "Paint/Appearance.h"
 #include "Paint/PaintResources.h"
@@ -45,11 +46,14 @@ signals:
 
 private:
     void takePreferences();
+    void takeScreens();
+    [[nodiscard]] double textScale() const;
     [[nodiscard]] paint::Scheme scheme() const;
 
     [[nodiscard]] paint::FontSet fonts() const;
 
     const PortalSettings& settings_;
+    ScreenWatch screens_;
     SchemeChoice scheme_;
     std::shared_future<paint::FontSet> desktopFonts_;
     kit::RenderingMode renderingMode_ = kit::RenderingMode::fullColor;

@@ -9,7 +9,6 @@
 #include <span>
 #include <utility>
 
-#include "Layout/TextScale.h"
 #include "System/Fatal.h"
 
 namespace kelmar::desktop {
@@ -64,7 +63,7 @@ Motion motionIf(bool mayMove) {
 /// Widgets' texts are small as they are: they only grow.
 double textScaleOf(const QVariant& value) {
     const double scale = value.toDouble();
-    return scale > 1 ? std::min(scale, layout::greatestTextScale) : 1;
+    return scale > 1 ? scale : 1;
 }
 
 struct NamedFont {

@@ -17,7 +17,8 @@ struct Preferences {
     QColor accent;  ///< Invalid for none.
     std::optional<QString> fontFamily;
     std::optional<double> fontSize;  ///< Of that font in menus and the like, in points.
-    double textScale = 1;            ///< How much larger than usual texts are wanted.
+    /// How much larger than usual texts are wanted, at least 1. See `ownTextScale`.
+    double textScale = 1;
     /// Said in two places: for all programs, and by the desktop for its own toolkit.
     Motion motion = Motion::full;
     Motion toolkitMotion = Motion::full;

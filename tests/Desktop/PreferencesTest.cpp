@@ -42,10 +42,10 @@ TEST(Preferences, MotionIsReducedWhereverTheUserSaysSo) {
     EXPECT_EQ(with(kde, "AnimationDurationFactor", "0").leastMotion(), Motion::reduced);
 }
 
-TEST(Preferences, TextsGrowWithTheDesktopsUpToTwice) {
+TEST(Preferences, TextsGrowWithTheDesktopsAndNeverShrink) {
     EXPECT_EQ(Preferences().textScale, 1);
     EXPECT_EQ(with(gnome, "text-scaling-factor", 1.25).textScale, 1.25);
-    EXPECT_EQ(with(gnome, "text-scaling-factor", 3.0).textScale, 2);
+    EXPECT_EQ(with(gnome, "text-scaling-factor", 3.0).textScale, 3);
     EXPECT_EQ(with(gnome, "text-scaling-factor", 0.5).textScale, 1);
 }
 

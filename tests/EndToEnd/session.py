@@ -237,6 +237,11 @@ class Session:
                                 stdout=subprocess.PIPE, text=True).stdout
         return int(answer) if answer.strip() else None
 
+    def set_resource(self, name, value):
+        """An X resource, which programs read when they start."""
+        subprocess.run(["xrdb", "-nocpp", "-merge"], input=f"{name}: {value}\n", text=True,
+                       env=self.environment, check=True)
+
     def has_selection_owner(self, name):
         """Whether some program holds a selection, as system trays and compositors do."""
         return self.screen.selection_owner(name) is not None

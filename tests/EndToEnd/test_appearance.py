@@ -134,6 +134,24 @@ class MotionTest(AppearanceTest):
         self.assertEqual(self.drawings_of_change(LIME), 1)
 
 
+class ResolutionTest(AppearanceTest):
+    def wait_for_scheme(self, scheme):
+        self.portal.set_scheme(scheme)
+        wait_until(lambda: (min(self.card()) > 200) == (scheme == "light"), f"a {scheme} card")
+
+    def test_text_scale_that_the_resolution_holds_is_not_counted_twice(self):
+        self.session.set_resource("Xft.dpi", 120)
+        self.widget.start()
+        self.wait_for_scheme("light")
+        self.session.settle()
+        by_resolution_alone = self.widget.picture()
+        self.portal.set_text_scale(120 / 96)
+        # The messages come in their order, so the text scale has come when the scheme has.
+        self.wait_for_scheme("dark")
+        self.wait_for_scheme("light")
+        wait_until(lambda: self.widget.looks_like(by_resolution_alone), "the same texts")
+
+
 class LargeTextTest(ProbeTest):
     """Beside the widgets' own texts, whose size their pictures show."""
 
