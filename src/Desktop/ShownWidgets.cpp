@@ -17,7 +17,7 @@ ShownWidgets::ShownWidgets(const DesktopParts& parts, const WidgetPresentation& 
     connect(&parts_.host, &host::WidgetHost::clockStepped, this, &ShownWidgets::takeClockStep);
     connect(&parts_.look, &Look::changed, this, &ShownWidgets::takeLook);
     connect(&parts_.compositor, &Compositor::changed, this, &ShownWidgets::takeLook);
-    connect(&screenWatch_, &ScreenWatch::changed, this, &ShownWidgets::putInPlace);
+    connect(&screenWatch_, &ScreenWatch::changed, this, &ShownWidgets::takeScreens);
 }
 
 void ShownWidgets::add(const std::vector<WidgetPlace>& places) {
@@ -124,6 +124,13 @@ void ShownWidgets::takePlace(host::WidgetId id, QPoint position) {
     place = movedTo(position, place, currentScreens());
     putInPlace();
     emit moved();
+}
+
+void ShownWidgets::takeScreens() {
+    for (const auto& [id, shown] : shown_) {
+        shown.window->followScreens();
+    }
+    putInPlace();
 }
 
 void ShownWidgets::putInPlace() {

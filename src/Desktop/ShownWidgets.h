@@ -69,6 +69,7 @@ private:
     /// What a window shows already, in another form.
     void fillAgain(host::WidgetId id);
     void takeClockStep();
+    void takeScreens();
     void takePlace(host::WidgetId id, QPoint position);
     void putInPlace();
     /// Among all of them but that one.

@@ -37,6 +37,7 @@ WidgetWindow::WidgetWindow(kit::Family family, const system::Clock& clock)
     setFixedSize(windowSize(family));
     updateMask();
     setUpdatesEnabled(false);
+    scale_ = devicePixelRatioF();
     connectParts();
 }
 
@@ -71,12 +72,17 @@ void WidgetWindow::setCorners(Corners corners) {
     }
     // A window with transparency has another visual, which is chosen when it is made. Without a
     // compositor the plain one is better: the server then says when the window is covered.
+    painting_.setCorners(corners);
+    remakeNativeWindow();
+}
+
+void WidgetWindow::remakeNativeWindow() {
     const bool wasVisible = isVisible();
     hide();
     liveDrawing_.leaveNativeWindow();
     destroy();
-    painting_.setCorners(corners);
-    setAttribute(Qt::WA_TranslucentBackground, corners == Corners::transparent);
+    scale_ = devicePixelRatioF();
+    setAttribute(Qt::WA_TranslucentBackground, painting_.corners() == Corners::transparent);
     setAttribute(Qt::WA_NoSystemBackground);
     updateMask();
     update();
@@ -120,6 +126,13 @@ void WidgetWindow::setToolTipSource(std::function<QString()> source) {
 
 void WidgetWindow::followClock() {
     liveDrawing_.redraw();
+}
+
+void WidgetWindow::followScreens() {
+    if (scale_ != devicePixelRatioF()) {
+        // In points nothing has changed, and Qt would go on with the surface and mask of before.
+        remakeNativeWindow();
+    }
 }
 
 void WidgetWindow::run(const layout::Action& action) {

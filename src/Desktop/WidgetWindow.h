@@ -41,6 +41,8 @@ public:
     void setToolTipSource(std::function<QString()> source);
     /// The clock was set: draws anew what depends on it, such as a countdown.
     void followClock();
+    /// The screens have changed: draws the card anew if they have another scale.
+    void followScreens();
 
     /// What is shown.
     [[nodiscard]] const WidgetContent& content() const { return content_; }
@@ -71,6 +73,7 @@ protected:
 
 private:
     void connectParts();
+    void remakeNativeWindow();
     void updateMask();
     void showFocus();
 
@@ -81,6 +84,7 @@ private:
     LiveDrawing liveDrawing_;
     WidgetPointer pointer_;
     WidgetKeyboard keyboard_;
+    double scale_ = 1;  ///< Of the screen when the native window was made.
     std::function<QString()> toolTipSource_;
 };
 

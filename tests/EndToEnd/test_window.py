@@ -11,10 +11,12 @@ from picture import Picture
 from probe import BAR, BESIDE_ALL, BUTTON, COUNTDOWN, LINK, SMALL_BESIDE_ALL, TOGGLE, ProbeTest
 from processes import GIVE_UP_TIME, children_of, context_switches, wait_for_sleep, wait_until
 from session import PLAIN_COLOR, SCREEN_SIZE, WALLPAPER
+from x_settings import XSettings
 
 BLUE = (0, 0, 255)
 RED = (255, 0, 0)
 ORANGE = (255, 128, 0)
+BEYOND_THE_USUAL_SIZE = (370, 420)  # of the large family
 ARRANGEMENT = ".config/kelmar-widgets/arrangement.json"
 
 
@@ -350,6 +352,9 @@ class ScaleTest(WindowTest):
     def check_scale(self, factor):
         self.session.environment["QT_SCALE_FACTOR"] = str(factor)
         self.probe.start_widgets()
+        self.check_look(factor)
+
+    def check_look(self, factor):
         self.assertEqual(self.probe.geometry()[2:],
                          (364 * factor, round(382 * factor)))
         beside = tuple(round(length * factor) for length in BESIDE_ALL)
@@ -369,6 +374,18 @@ class ScaleTest(WindowTest):
 
     def test_widget_is_sharp_and_can_be_pressed_at_a_scale_of_two(self):
         self.check_scale(2)
+
+    def test_widget_is_sharp_and_whole_after_a_change_of_the_resolution(self):
+        settings = XSettings(self.session.environment["DISPLAY"], 96)
+        self.addCleanup(settings.close)
+        self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        settings.set_resolution(120)
+        self.wait_for_background(BLUE, BEYOND_THE_USUAL_SIZE)
+        self.check_look(1.25)
+        settings.set_resolution(96)
+        wait_until(lambda: self.probe.geometry()[2:] == (364, 382), "the usual size")
+        self.check_look(1)
 
 
 class DesktopPictureTest(WindowTest):
