@@ -7,9 +7,9 @@
 
 namespace kelmar::desktop {
 
-WidgetInHand::WidgetInHand(const QImage& picture, QPoint grip, DragRule rule, Corners corners)
+WidgetInHand::WidgetInHand(QImage picture, QPoint grip, DragRule rule, Corners corners)
     : QWidget(nullptr, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowTransparentForInput),
-      picture_(picture),
+      picture_(std::move(picture)),
       grip_(grip),
       rule_(std::move(rule)) {
     setAttribute(Qt::WA_ShowWithoutActivating);

@@ -14,7 +14,7 @@ class WidgetInHand final : public QWidget {
 public:
     /// The picture has the card that belongs to the corners; `grip` is from the card's top left
     /// corner to where the pointer holds it.
-    WidgetInHand(const QImage& picture, QPoint grip, DragRule rule, Corners corners);
+    WidgetInHand(QImage picture, QPoint grip, DragRule rule, Corners corners);
 
     void follow(QPoint pointer);
 

@@ -37,8 +37,8 @@ public:
     BusServiceTest& operator=(const BusServiceTest&) = delete;
 
 protected:
-    static void SetUpTestSuite() { bus_ = std::make_unique<test::PrivateBus>(); }
-    static void TearDownTestSuite() { bus_.reset(); }
+    static void SetUpTestSuite() { privateBus = std::make_unique<test::PrivateBus>(); }
+    static void TearDownTestSuite() { privateBus.reset(); }
 
     BusServiceTest() {
         extension().introduce({.widgets = {{"Clock", "The Clock", "", {}}}, .controls = {}});
@@ -76,9 +76,9 @@ protected:
     }
     [[nodiscard]] std::size_t requests() { return extension().requests().size(); }
 
-    inline static std::unique_ptr<test::PrivateBus> bus_;
-    QDBusConnection own_ = QDBusConnection::connectToBus(bus_->address(), "own");
-    QDBusConnection caller_ = QDBusConnection::connectToBus(bus_->address(), "caller");
+    inline static std::unique_ptr<test::PrivateBus> privateBus;
+    QDBusConnection own_ = QDBusConnection::connectToBus(privateBus->address(), "own");
+    QDBusConnection caller_ = QDBusConnection::connectToBus(privateBus->address(), "caller");
     test::RecordingLog log_;
     host::RecordingUrlOpener opener_;
     system::ManualClock clock_{at(1'000)};

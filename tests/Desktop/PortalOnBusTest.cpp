@@ -24,11 +24,11 @@ bool waitFor(const std::function<bool()>& condition) {
 
 class PortalOnBusTest : public testing::Test {
 protected:
-    static void SetUpTestSuite() { bus_ = std::make_unique<test::PrivateBus>(); }
-    static void TearDownTestSuite() { bus_.reset(); }
+    static void SetUpTestSuite() { privateBus = std::make_unique<test::PrivateBus>(); }
+    static void TearDownTestSuite() { privateBus.reset(); }
 
     void startPortal(const test::Settings& settings) {
-        portal_ = std::make_unique<test::FakePortal>(bus_->address());
+        portal_ = std::make_unique<test::FakePortal>(privateBus->address());
         portal_->settings = settings;
     }
 
@@ -36,7 +36,7 @@ protected:
         return {{"org.freedesktop.appearance", {{key, value}}}};
     }
 
-    inline static std::unique_ptr<test::PrivateBus> bus_;
+    inline static std::unique_ptr<test::PrivateBus> privateBus;
     std::unique_ptr<test::FakePortal> portal_;
     test::RecordingLog log_;
 };
