@@ -29,11 +29,16 @@ if(KELMAR_SANITIZE)
     target_link_options(kelmar_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# kelmar_library(NAME SOURCES ... [PUBLIC ...] [PRIVATE ...]): one library a layer.
+# kelmar_library(NAME [SMALL] SOURCES ... [PUBLIC ...] [PRIVATE ...]): one library a layer. SMALL is for
+# code that runs seldom in a program that stays: optimised for its size, since next to all of it is
+# kept in memory, while what it takes longer at each event nobody sees.
 function(kelmar_library name)
-    cmake_parse_arguments(arg "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+    cmake_parse_arguments(arg "SMALL" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
     add_library(${name} STATIC ${arg_SOURCES})
     target_link_libraries(${name} PUBLIC kelmar_options ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
+    if(arg_SMALL)
+        target_compile_options(${name} PRIVATE $<$<CONFIG:RelWithDebInfo>:-Os>)
+    endif()
 endfunction()
 
 # kelmar_program(NAME SOURCES ... [LIBRARIES ...] [FOLDER ...] [COMPONENT ...]): a thin main over the
