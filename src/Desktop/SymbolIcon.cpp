@@ -27,7 +27,9 @@ QImage cardImage(const paint::SymbolSet& symbols, const std::string& name, const
                                      .weight = kit::FontWeight::bold,
                                      .side = side - 2 * margin,
                                      .color = Qt::white}));
-    return image;
+    painter.end();
+    // Without the engine that painted it, which a picture keeps.
+    return image.copy();
 }
 
 }  // namespace

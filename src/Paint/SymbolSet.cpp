@@ -75,7 +75,9 @@ QImage rendered(const QString& name, const SymbolRequest& request) {
                strokeFactor(request.weight));
     painter.end();
     tint(picture, request.color);
-    return picture;
+    // A picture keeps the engine that painted it, which takes more room than its pixels; a copy has
+    // the pixels alone.
+    return picture.copy();
 }
 
 QString knownName(const std::string& name) {
