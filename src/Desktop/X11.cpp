@@ -8,16 +8,23 @@ namespace kelmar::desktop::x11 {
 
 namespace {
 
-constexpr std::size_t atomCount = 10;
+constexpr std::size_t atomCount = 11;
 
 using Atoms = std::array<xcb_atom_t, atomCount>;
 
 /// In the order of Atom. Qt works on one X screen only, and today's servers have but screen 0, so
 /// the selections that each screen has are those of screen 0.
 constexpr std::array<std::string_view, atomCount> names{
-    "_NET_WM_CM_S0",        "_NET_SYSTEM_TRAY_S0",      "_NET_SUPPORTING_WM_CHECK",
-    "_NET_WM_USER_TIME",    "_NET_WM_DESKTOP",          "_NET_WM_STATE",
-    "_NET_WM_STATE_BELOW",  "_NET_WM_STATE_SKIP_PAGER", "_NET_WM_STATE_SKIP_TASKBAR",
+    "_NET_WM_CM_S0",
+    "_NET_SYSTEM_TRAY_S0",
+    "_NET_SUPPORTING_WM_CHECK",
+    "_NET_WM_USER_TIME",
+    "_NET_WM_USER_TIME_WINDOW",
+    "_NET_WM_DESKTOP",
+    "_NET_WM_STATE",
+    "_NET_WM_STATE_BELOW",
+    "_NET_WM_STATE_SKIP_PAGER",
+    "_NET_WM_STATE_SKIP_TASKBAR",
     "_NET_WM_STATE_STICKY",
 };
 

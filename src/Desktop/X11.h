@@ -28,6 +28,7 @@ enum class Atom {
     systemTray,
     supportingWindowManager,
     userTime,
+    userTimeWindow,
     windowDesktop,
     windowState,
     windowStateBelow,

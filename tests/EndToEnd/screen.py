@@ -5,12 +5,13 @@ import dataclasses
 import struct
 
 from picture import Picture
-from x_connection import (CREATE_WINDOW, GET_GEOMETRY, GET_IMAGE, GET_PROPERTY,
+from x_connection import (CHANGE_PROPERTY, CREATE_WINDOW, GET_GEOMETRY, GET_IMAGE, GET_PROPERTY,
                           GET_SELECTION_OWNER, GET_WINDOW_ATTRIBUTES, GRAB_KEYBOARD, INTERN_ATOM,
                           QUERY_EXTENSION, QUERY_TREE, SEND_EVENT, XConnection, request)
 
 VIEWABLE = 2
 ANY_TYPE = 0
+ATOM_TYPE = 4
 LONGEST_PROPERTY = 1024
 INPUT_ONLY = 2
 ASYNCHRONOUS = 1
@@ -19,6 +20,7 @@ CLIENT_MESSAGE = 33
 TO_THE_WINDOW_MANAGER = 0x180000  # SubstructureRedirect and SubstructureNotify
 Z_PIXMAP = 2
 ALL_PLANES = 0xFFFFFFFF
+APPEND = 2
 # Of the extension that tells what is drawn.
 DAMAGE_QUERY_VERSION, DAMAGE_CREATE = 0, 1
 DAMAGE_VERSION = (1, 1)
@@ -126,6 +128,12 @@ class Screen:
             self._atom("_NET_REQUEST_FRAME_EXTENTS"))))
         answer, = self._connection.ask(self._property(window, "_NET_FRAME_EXTENTS"))
         return bool(value_of(answer))
+
+    def add_to_what_the_window_manager_understands(self, hint):
+        """Programs that start from now on take it at its word. A hint by its name in EWMH."""
+        self._connection.send(request(CHANGE_PROPERTY, APPEND, struct.pack(
+            "<IIIBxxxII", self._connection.root, self._atom("_NET_SUPPORTED"), ATOM_TYPE, 32, 1,
+            self._atom(hint))))
 
     def is_keyboard_taken(self):
         """Whether a program has all keys sent to it, wherever the keyboard belongs, as menus do.

@@ -155,7 +155,7 @@ class PressTest(WindowTest):
         wait_until(lambda: self.session.opened_urls() == ["probe://whole"],
                    "the widget's link to be opened")
 
-    def test_link_lets_its_program_come_to_the_front_and_an_action_does_not(self):
+    def assert_only_a_link_lets_its_program_come_to_the_front(self):
         self.probe.start_widgets()
         self.wait_for_background(BLUE)
         self.probe.click(BUTTON)
@@ -165,6 +165,13 @@ class PressTest(WindowTest):
         of_action, of_link = self.session.startup_ids()
         self.assertEqual(of_action, "")
         self.assertRegex(of_link, r"_TIME[1-9][0-9]*$")
+
+    def test_link_lets_its_program_come_to_the_front_and_an_action_does_not(self):
+        self.assert_only_a_link_lets_its_program_come_to_the_front()
+
+    def test_link_does_so_where_the_moment_of_a_press_is_kept_in_a_window_of_its_own(self):
+        self.session.screen.add_to_what_the_window_manager_understands("_NET_WM_USER_TIME_WINDOW")
+        self.assert_only_a_link_lets_its_program_come_to_the_front()
 
     def test_release_outside_the_pressed_field_does_nothing(self):
         self.probe.start_widgets()
