@@ -31,7 +31,7 @@ UndoBar::UndoBar(const Words& words, const Look& look, Corners corners)
       corners_(corners),
       message_(new QLabel(words.message, this)),
       undo_(new QPushButton(words.undo, this)) {
-    setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnBottomHint);
+    setWindowFlags(desktopWindowFlags());
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_TranslucentBackground, corners == Corners::transparent);
     setWindowTitle(words.message);

@@ -27,8 +27,7 @@ WidgetWindow::WidgetWindow(kit::Family family, const system::Clock& clock)
       keyboard_(*this) {
     // A plain window without a frame: several window managers hide utility windows while another
     // program is active, and keep desktop windows under the icons of the file manager.
-    setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnBottomHint |
-                   Qt::WindowDoesNotAcceptFocus);
+    setWindowFlags(desktopWindowFlags() | Qt::WindowDoesNotAcceptFocus);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_NoSystemBackground);
     setAttribute(Qt::WA_AlwaysShowToolTips);  // The window is never the active one.

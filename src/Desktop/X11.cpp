@@ -8,7 +8,7 @@ namespace kelmar::desktop::x11 {
 
 namespace {
 
-constexpr std::size_t atomCount = 11;
+constexpr std::size_t atomCount = 12;
 
 using Atoms = std::array<xcb_atom_t, atomCount>;
 
@@ -17,6 +17,7 @@ using Atoms = std::array<xcb_atom_t, atomCount>;
 constexpr std::array<std::string_view, atomCount> names{
     "_NET_WM_CM_S0",
     "_NET_SYSTEM_TRAY_S0",
+    "_NET_SUPPORTED",
     "_NET_SUPPORTING_WM_CHECK",
     "_NET_WM_USER_TIME",
     "_NET_WM_USER_TIME_WINDOW",

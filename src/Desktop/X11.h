@@ -26,6 +26,7 @@ using ReplyPointer = std::unique_ptr<Reply, Free>;
 enum class Atom {
     compositingManager,
     systemTray,
+    supportedHints,
     supportingWindowManager,
     userTime,
     userTimeWindow,

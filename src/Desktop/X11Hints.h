@@ -1,8 +1,15 @@
 #pragma once
 
+#include <Qt>
+
 class QWindow;
 
 namespace kelmar::desktop {
+
+/// Of a window that lies on the desktop. It is the window manager that keeps it there, but for
+/// those that know no "below", as tiling ones do: they would put it among the other windows and
+/// give it the keyboard, so they do not get to manage it.
+[[nodiscard]] Qt::WindowFlags desktopWindowFlags();
 
 /// Asks the window manager (Extended Window Manager Hints) to treat the window as part of the
 /// desktop: below all others, on every workspace, neither in the taskbar nor in the pager. To be

@@ -20,7 +20,7 @@ CLIENT_MESSAGE = 33
 TO_THE_WINDOW_MANAGER = 0x180000  # SubstructureRedirect and SubstructureNotify
 Z_PIXMAP = 2
 ALL_PLANES = 0xFFFFFFFF
-APPEND = 2
+REPLACE = 0
 # Of the extension that tells what is drawn.
 DAMAGE_QUERY_VERSION, DAMAGE_CREATE = 0, 1
 DAMAGE_VERSION = (1, 1)
@@ -129,11 +129,15 @@ class Screen:
         answer, = self._connection.ask(self._property(window, "_NET_FRAME_EXTENTS"))
         return bool(value_of(answer))
 
-    def add_to_what_the_window_manager_understands(self, hint):
-        """Programs that start from now on take it at its word. A hint by its name in EWMH."""
-        self._connection.send(request(CHANGE_PROPERTY, APPEND, struct.pack(
-            "<IIIBxxxII", self._connection.root, self._atom("_NET_SUPPORTED"), ATOM_TYPE, 32, 1,
-            self._atom(hint))))
+    def change_what_the_window_manager_understands(self, add=(), remove=()):
+        """Programs that start from now on take it at its word. Hints by their names in EWMH."""
+        root, supported = self._connection.root, self._atom("_NET_SUPPORTED")
+        answer, = self._connection.ask(self._property(root, "_NET_SUPPORTED"))
+        hints = {hint for hint, in struct.iter_unpack("<I", value_of(answer))}
+        hints |= {self._atom(name) for name in add}
+        hints -= {self._atom(name) for name in remove}
+        self._connection.send(request(CHANGE_PROPERTY, REPLACE, struct.pack(
+            f"<IIIBxxxI{len(hints)}I", root, supported, ATOM_TYPE, 32, len(hints), *hints)))
 
     def is_keyboard_taken(self):
         """Whether a program has all keys sent to it, wherever the keyboard belongs, as menus do.

@@ -65,6 +65,21 @@ class OnTheDesktopTest(WindowTest):
         self.session.settle()
         self.assertEqual(self.probe.background(), PLAIN_COLOR)
 
+    def test_window_lies_below_all_where_the_window_manager_keeps_none_below(self):
+        self.session.screen.change_what_the_window_manager_understands(
+            remove=["_NET_WM_STATE_BELOW"])
+        self.session.open_plain_window(1150, 300, 100, 80)
+        owner = self.session.active_window()
+        self.probe.start_widgets()
+        self.wait_for_background(BLUE)
+        windows = {window.id: window for window in self.session.screen.windows()}
+        self.assertTrue(windows[self.probe.window()].is_popup)
+        self.assertEqual(windows[self.probe.window()].geometry, (900, 16, 364, 382))
+        self.assertEqual(self.session.screen.picture(1200, 340, 1, 1).pixel(0, 0), PLAIN_COLOR)
+        self.probe.click(BUTTON)
+        wait_until(lambda: self.probe.requests("intent/perform"), "the press to arrive")
+        self.assertEqual(self.session.active_window(), owner)
+
     def test_click_leaves_the_keyboard_where_it_is(self):
         self.probe.start_widgets()
         self.session.open_plain_window(20, 20, 200, 100)
@@ -170,7 +185,8 @@ class PressTest(WindowTest):
         self.assert_only_a_link_lets_its_program_come_to_the_front()
 
     def test_link_does_so_where_the_moment_of_a_press_is_kept_in_a_window_of_its_own(self):
-        self.session.screen.add_to_what_the_window_manager_understands("_NET_WM_USER_TIME_WINDOW")
+        self.session.screen.change_what_the_window_manager_understands(
+            add=["_NET_WM_USER_TIME_WINDOW"])
         self.assert_only_a_link_lets_its_program_come_to_the_front()
 
     def test_release_outside_the_pressed_field_does_nothing(self):
