@@ -33,6 +33,14 @@ TEST(Options, EverythingSaidIsUnderstood) {
     EXPECT_EQ(options, (std::variant<Options, ExitStatus>(expected)));
 }
 
+TEST(Options, ValuesMayStandBehindAnEqualsSign) {
+    const auto options = read({"--picture=-=.png", "--add=Streak:small", "DueToday:medium"});
+    Options expected;
+    expected.additions = {{"Streak", kit::Family::small}, {"DueToday", kit::Family::medium}};
+    expected.pictureFile = "-=.png";
+    EXPECT_EQ(options, (std::variant<Options, ExitStatus>(expected)));
+}
+
 TEST(Options, KindMayHoldColonsItself) {
     const auto options = read({"--add", "org:planner:small"});
     ASSERT_TRUE(std::holds_alternative<Options>(options));
@@ -48,12 +56,24 @@ TEST_P(WrongOptions, EndTheProgramWithTheStatusForWrongUsage) {
     EXPECT_FALSE(testing::internal::GetCapturedStderr().empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(All, WrongOptions,
-                         testing::Values(Words{"--add", "DueToday"}, Words{"--add", "A:huge"},
-                                         Words{"--add", ":small"}, Words{"--mode", "sepia"},
-                                         Words{"--scheme", "grey"}, Words{"--picture"},
-                                         Words{"--wallpaper"}, Words{"--system-version", "new"},
-                                         Words{"--system-version", "26."}));
+INSTANTIATE_TEST_SUITE_P(
+    All, WrongOptions,
+    testing::Values(Words{"--add", "DueToday"}, Words{"--add", "A:huge"}, Words{"--add", ":small"},
+                    Words{"--add"}, Words{"--add", "A:small", "B"}, Words{"--mode", "sepia"},
+                    Words{"--scheme", "grey"}, Words{"--picture"},
+                    Words{"--picture", "a.png", "b.png"}, Words{"stray"},
+                    Words{"--if-arranged", "stray"}, Words{"--if-arranged="}, Words{"--wallpaper"},
+                    Words{"--system-version", "new"}, Words{"--system-version", "26."},
+                    Words{"--mode", "--"}, Words{"--system-version", "26..0"},
+                    Words{"--system-version", ".26"}, Words{"--system-version="}));
+
+TEST(Options, ComplaintsNameTheOptionAndWhatIsWrongInOneLine) {
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(read({"--mode", "sepia"}), (std::variant<Options, ExitStatus>(ExitStatus{2})));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "--mode: \"sepia\" is not fullColor, accented or vibrant\n"
+              "Run with --help for more information.\n");
+}
 
 TEST(Options, HelpEndsWellAndGoesToStandardOutput) {
     testing::internal::CaptureStdout();
