@@ -26,15 +26,15 @@ protected:
         QApplication::setActiveWindow(&window_);
         keyboard_.setTargets({first, second});
         QObject::connect(&keyboard_, &WidgetKeyboard::requested,
-                         [this] { said_.push_back("here"); });
+                         [this] { said_.emplace_back("here"); });
         QObject::connect(&keyboard_, &WidgetKeyboard::returned,
-                         [this] { said_.push_back("back"); });
+                         [this] { said_.emplace_back("back"); });
         QObject::connect(&keyboard_, &WidgetKeyboard::passedOn, [this](FocusStep step) {
-            said_.push_back(step == FocusStep::next ? "next" : "previous");
+            said_.emplace_back(step == FocusStep::next ? "next" : "previous");
         });
         QObject::connect(&keyboard_, &WidgetKeyboard::actionRequested,
                          [this](const layout::Action& action) {
-                             said_.push_back("run " + std::get<layout::LinkAction>(action).url);
+                             said_.emplace_back("run " + std::get<layout::LinkAction>(action).url);
                          });
     }
 

@@ -18,6 +18,7 @@ WidgetData::Item item(const std::string& id, system::Date due = {}) {
 
 std::vector<std::string> ids(const std::vector<WidgetData::Item>& items) {
     std::vector<std::string> result;
+    result.reserve(items.size());
     for (const WidgetData::Item& each : items)
         result.push_back(each.id);
     return result;
@@ -40,8 +41,10 @@ WidgetData full() {
                                          false,
                                          "a",
                                          {}}}});
-    data.timer.emplace().state = "running";
-    data.streak.emplace().count = 3;
+    data.timer = WidgetData::Timer();
+    data.timer->state = "running";
+    data.streak = WidgetData::Streak();
+    data.streak->count = 3;
     return data;
 }
 
@@ -69,39 +72,39 @@ protected:
         WidgetData data = full();
         data.today = {item("B", utc(2025, 3, 20))};
         data.upcoming = std::move(upcoming);
-        return data.regrouped(now, *calendar);
+        return data.regrouped(now, *calendar_);
     }
 
-    std::unique_ptr<system::Calendar> calendar = system::makeCalendar("en_US", "America/New_York");
+    std::unique_ptr<system::Calendar> calendar_ = system::makeCalendar("en_US", "America/New_York");
     /// 23:59 in New York on 6 March.
-    const system::Date lateEvening = utc(2025, 3, 7, 4, 59);
-    const system::Date midnight = utc(2025, 3, 7, 5);
+    const system::Date lateEvening_ = utc(2025, 3, 7, 4, 59);
+    const system::Date midnight_ = utc(2025, 3, 7, 5);
 };
 
 TEST_F(RegroupingTest, MovesWhatIsDueBeforeMidnightToTheEndOfToday) {
     const WidgetData data =
-        regrouped({item("C", utc(2025, 3, 8)), item("A", lateEvening + 30)}, lateEvening);
+        regrouped({item("C", utc(2025, 3, 8)), item("A", lateEvening_ + 30)}, lateEvening_);
     EXPECT_THAT(ids(data.today), ElementsAre("B", "A"));
     EXPECT_THAT(ids(data.upcoming), ElementsAre("C"));
 }
 
 TEST_F(RegroupingTest, LeavesWhatIsDueAtMidnightItself) {
     const WidgetData data =
-        regrouped({item("A", midnight + -0.001), item("C", midnight)}, lateEvening);
+        regrouped({item("A", midnight_ + -0.001), item("C", midnight_)}, lateEvening_);
     EXPECT_THAT(ids(data.today), ElementsAre("B", "A"));
     EXPECT_THAT(ids(data.upcoming), ElementsAre("C"));
 }
 
 TEST_F(RegroupingTest, SortsNothing) {
-    const WidgetData data = regrouped({item("A", lateEvening + 20), item("C", utc(2025, 3, 9)),
-                                       item("D", lateEvening + 10), item("E", utc(2025, 3, 8))},
-                                      lateEvening);
+    const WidgetData data = regrouped({item("A", lateEvening_ + 20), item("C", utc(2025, 3, 9)),
+                                       item("D", lateEvening_ + 10), item("E", utc(2025, 3, 8))},
+                                      lateEvening_);
     EXPECT_THAT(ids(data.today), ElementsAre("B", "A", "D"));
     EXPECT_THAT(ids(data.upcoming), ElementsAre("C", "E"));
 }
 
 TEST_F(RegroupingTest, MovesWhatIsOverdueToo) {
-    const WidgetData data = regrouped({item("A", utc(2020, 1, 1))}, lateEvening);
+    const WidgetData data = regrouped({item("A", utc(2020, 1, 1))}, lateEvening_);
     EXPECT_THAT(ids(data.today), ElementsAre("B", "A"));
     EXPECT_THAT(data.upcoming, IsEmpty());
 }
@@ -126,13 +129,13 @@ TEST_F(RegroupingTest, FindsTheNextDayWhereMidnightIsSkipped) {
 
 TEST_F(RegroupingTest, LeavesEverythingElseAsItIs) {
     WidgetData expected = full();
-    expected.today = {item("B", utc(2025, 3, 20)), item("A", lateEvening)};
+    expected.today = {item("B", utc(2025, 3, 20)), item("A", lateEvening_)};
     expected.upcoming = {};
-    EXPECT_EQ(regrouped({item("A", lateEvening)}, lateEvening), expected);
+    EXPECT_EQ(regrouped({item("A", lateEvening_)}, lateEvening_), expected);
 }
 
 TEST_F(RegroupingTest, ChangesNothingWhenTheCalendarKnowsNoNextDay) {
-    EXPECT_EQ(full().regrouped(lateEvening, testing::FailingCalendar()), full());
+    EXPECT_EQ(full().regrouped(lateEvening_, testing::FailingCalendar()), full());
 }
 
 }  // namespace

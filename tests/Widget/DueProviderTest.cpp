@@ -23,6 +23,7 @@ std::vector<system::Date> datesOf(const DueTimeline& timeline) {
 
 std::vector<std::string> idsOf(const std::vector<shared::WidgetData::Item>& items) {
     std::vector<std::string> ids;
+    ids.reserve(items.size());
     for (const auto& each : items)
         ids.push_back(each.id);
     return ids;

@@ -198,7 +198,7 @@ TEST(ExtensionServer, AnswersALineThatIsNoMessageAndGoesOn) {
     Conversation conversation;
     const auto before =
         conversation.send({.id = 1, .body = entryRequest(kit::EntryKind::timeline)});
-    for (const char* line : {"", "garbage", "{\"jsonrpc\":\"2.0\",\"id\":1}", "[1,2]"})
+    for (const char* line : {"", "garbage", R"({"jsonrpc":"2.0","id":1})", "[1,2]"})
         EXPECT_EQ(conversation.send(std::string(line)).size(), 1U) << line;
     EXPECT_TRUE(conversation.test.tickedFolder.names().empty());
     EXPECT_EQ(conversation.send({.id = 1, .body = entryRequest(kit::EntryKind::timeline)}), before);
