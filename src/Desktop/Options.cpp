@@ -1,11 +1,10 @@
 #include "Desktop/Options.h"
 
+#include <QCommandLineParser>
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <fmt/format.h>
-
-#include "Desktop/GivenOptions.h"
 
 namespace kelmar::desktop {
 
@@ -16,13 +15,10 @@ constexpr int usageStatus = 2;
 /// What is wrong, for a person; empty where nothing is.
 using Fault = std::string;
 
-enum class Values { none, one, several };
-
 /// An option, and what becomes of its values one after the other.
 struct Rule {
-    std::string_view name;
-    Values values;
-    std::string_view valueName;  ///< As the help writes it behind the name.
+    const char* name;
+    const char* valueName;  ///< As the help writes it; empty where the option takes no value.
     std::string_view meaning;
     Fault (*take)(Options& options, const std::string& value);
 };
@@ -89,47 +85,69 @@ Fault takeSystemVersion(Options& options, const std::string& value) {
 }
 
 constexpr std::array rules{
-    Rule{"--extension", Values::one, " KEYFILE",
-         "The key file of the extension whose widgets are shown", takeKeyFile},
-    Rule{"--add", Values::several, " KIND:FAMILY ...",
-         "Widgets to put on the desktop besides those that are there", takeAddition},
-    Rule{"--if-arranged", Values::none, "",
-         "End at once where no widgets have been put on the desktop before", takeIfArranged},
-    Rule{"--picture", Values::one, " FILE.png",
-         "Draw the desktop into a file, without a display, and end", takePicture},
-    Rule{"--scheme", Values::one, " SCHEME", "light or dark, instead of the desktop's own",
-         takeScheme},
-    Rule{"--mode", Values::one, " MODE", "fullColor, accented or vibrant", takeMode},
-    Rule{"--system-version", Values::one, " VERSION",
+    Rule{"extension", "KEYFILE", "The key file of the extension whose widgets are shown",
+         takeKeyFile},
+    Rule{"add", "KIND:FAMILY ...", "Widgets to put on the desktop besides those that are there",
+         takeAddition},
+    Rule{"if-arranged", "", "End at once where no widgets have been put on the desktop before",
+         takeIfArranged},
+    Rule{"picture", "FILE.png", "Draw the desktop into a file, without a display, and end",
+         takePicture},
+    Rule{"scheme", "SCHEME", "light or dark, instead of the desktop's own", takeScheme},
+    Rule{"mode", "MODE", "fullColor, accented or vibrant", takeMode},
+    Rule{"system-version", "VERSION",
          "The version of the system that the extension is told; it offers an older one less",
          takeSystemVersion}};
 
-Fault faultOfCount(Values wanted, std::size_t given) {
-    switch (wanted) {
-        case Values::none:
-            return given == 0 ? "" : "takes no value";
-        case Values::one:
-            return given == 1 ? "" : "takes one value";
-        case Values::several:
-            return given > 0 ? "" : "takes one value or more";
+/// Every byte of a word is a sign here, so that names of files come out as they went in.
+std::string bytes(const QString& text) {
+    return text.toLatin1().toStdString();
+}
+
+/// The parser knows one value an option: "--add A B" becomes "--add A --add=B".
+QStringList words(int argc, const char* const* argv) {
+    QStringList words{"kelmar-widgets"};
+    bool isAdding = false;
+    for (int i = 1; i < argc; ++i) {
+        const QString word = QString::fromLatin1(argv[i]);
+        const bool isOption = word.startsWith('-');
+        if (isOption) {
+            isAdding = word == "--add" || word.startsWith("--add=");
+        }
+        const bool isFurther = isAdding && !isOption && words.back() != "--add";
+        words.append(isFurther ? "--add=" + word : word);
+    }
+    return words;
+}
+
+Fault take(Options& options, const Rule& rule, const QStringList& values,
+           const QStringList& words) {
+    for (const QString& value : values) {
+        // The parser takes whatever follows, even the next option.
+        const bool isOption = value.startsWith('-') && words.contains(value);
+        const Fault fault = isOption ? "takes a value, not \"" + bytes(value) + "\""
+                                     : rule.take(options, bytes(value));
+        if (!fault.empty()) {
+            return fmt::format("--{}: {}", rule.name, fault);
+        }
     }
     return {};
 }
 
-Fault take(Options& options, const GivenOption& given) {
-    const auto* const rule = std::ranges::find(rules, given.name, &Rule::name);
-    if (rule == rules.end()) {
-        return "is not an option";
-    }
-    if (Fault fault = faultOfCount(rule->values, given.values.size()); !fault.empty()) {
-        return fault;
-    }
-    for (const std::string& value : given.values) {
-        if (Fault fault = rule->take(options, value); !fault.empty()) {
+Fault takeAll(Options& options, const QCommandLineParser& parser, const QStringList& words) {
+    for (const Rule& rule : rules) {
+        if (!parser.isSet(rule.name)) {
+            continue;
+        }
+        // An option without values is taken once, with nothing.
+        const bool hasValues = *rule.valueName != '\0';
+        const QStringList values = hasValues ? parser.values(rule.name) : QStringList("");
+        if (Fault fault = take(options, rule, values, words); !fault.empty()) {
             return fault;
         }
     }
-    return given.values.empty() ? rule->take(options, {}) : Fault();
+    const QStringList strays = parser.positionalArguments();
+    return strays.empty() ? Fault() : bytes(strays.front()) + ": belongs to no option";
 }
 
 std::string help() {
@@ -141,7 +159,8 @@ std::string help() {
         line("-h,--help", "Print this help message and exit") +
         line("--version", "Display program version information and exit");
     for (const Rule& rule : rules) {
-        text += line(fmt::format("{}{}", rule.name, rule.valueName), rule.meaning);
+        const std::string_view gap = *rule.valueName == '\0' ? "" : " ";
+        text += line(fmt::format("--{}{}{}", rule.name, gap, rule.valueName), rule.meaning);
     }
     return text;
 }
@@ -154,19 +173,24 @@ ExitStatus tell(std::FILE* stream, const std::string& text, int status) {
 }  // namespace
 
 std::variant<Options, ExitStatus> readOptions(int argc, const char* const* argv) {
+    QCommandLineParser parser;
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    parser.addOptions({{QStringList{"h", "help"}, {}}, QCommandLineOption("version")});
+    for (const Rule& rule : rules) {
+        parser.addOption({rule.name, {}, rule.valueName});
+    }
+    const QStringList given = words(argc, argv);
+    const bool isParsed = parser.parse(given);
+    if (parser.isSet("help")) {
+        return tell(stdout, help(), 0);
+    }
+    if (parser.isSet("version")) {
+        return tell(stdout, "kelmar-widgets " KELMAR_VERSION "\n", 0);
+    }
     Options options;
-    for (const GivenOption& given : givenOptions(argc, argv)) {
-        if (given.name == "-h" || given.name == "--help") {
-            return tell(stdout, help(), 0);
-        }
-        if (given.name == "--version") {
-            return tell(stdout, "kelmar-widgets " KELMAR_VERSION "\n", 0);
-        }
-        if (const Fault fault = take(options, given); !fault.empty()) {
-            return tell(stderr,
-                        given.name + ": " + fault + "\nRun with --help for more information.\n",
-                        usageStatus);
-        }
+    const Fault fault = isParsed ? takeAll(options, parser, given) : bytes(parser.errorText());
+    if (!fault.empty()) {
+        return tell(stderr, fault + "\nRun with --help for more information.\n", usageStatus);
     }
     return options;
 }
