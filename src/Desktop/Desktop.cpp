@@ -15,7 +15,7 @@ Desktop::Desktop(const DesktopParts& parts, const Options& options)
     : parts_(parts),
       presentation_(parts),
       widgets_(parts, presentation_),
-      removals_({parts.look, parts.compositor, parts.texts}),
+      removals_({parts.look, parts.compositor, parts.stacking, parts.texts}),
       gallery_({.host = parts.host,
                 .look = parts.look,
                 .compositor = parts.compositor,

@@ -3,6 +3,7 @@
 #include "Desktop/ArrangementFile.h"
 #include "Desktop/Compositor.h"
 #include "Desktop/Look.h"
+#include "Desktop/Stacking.h"
 #include "Host/Log.h"
 #include "Host/WidgetHost.h"
 #include "Layout/Layout.h"
@@ -17,6 +18,7 @@ struct DesktopParts {
     ArrangementFile& arrangementFile;
     Look& look;
     const Compositor& compositor;
+    const StackingRule& stacking;
     const system::Clock& clock;
     const system::Localization& texts;
     host::Log& log;

@@ -64,6 +64,7 @@ int showDesktop(Ground& ground, const host::LocaleVariables& sessionLocale, cons
     ArrangementFile arrangementFile(ArrangementFile::standardPath(), log);
     const PortalSettings settings(log);
     const Compositor compositor;
+    const StackingRule stacking;
     tellWhatIsMissing(compositor, log);
     tellIfFontsAreMissing(ground.fontSearch, log);
     installWidgetAccessibility();
@@ -72,6 +73,7 @@ int showDesktop(Ground& ground, const host::LocaleVariables& sessionLocale, cons
                      .arrangementFile = arrangementFile,
                      .look = look,
                      .compositor = compositor,
+                     .stacking = stacking,
                      .clock = ground.clock,
                      .texts = texts,
                      .log = log,

@@ -15,7 +15,8 @@ void Removals::add(const WidgetPlace& place, const std::string& name,
     auto bar = std::make_unique<UndoBar>(
         UndoBar::Words{QString::fromStdString(parts_.texts.text("{} removed", name)),
                        QString::fromStdString(parts_.texts.text("Undo"))},
-        parts_.look, parts_.compositor.isRunning() ? Corners::transparent : Corners::cutOut);
+        parts_.look, parts_.compositor.isRunning() ? Corners::transparent : Corners::cutOut,
+        parts_.stacking.current());
     connect(bar.get(), &UndoBar::undoRequested, this,
             [this, made = bar.get()] { undo(find(made)); });
     connect(bar.get(), &UndoBar::expired, this, [this, made = bar.get()] { expire(find(made)); });

@@ -8,6 +8,7 @@
 #include "Desktop/Compositor.h"
 #include "Desktop/Look.h"
 #include "Desktop/Screens.h"
+#include "Desktop/Stacking.h"
 #include "Desktop/UndoBar.h"
 #include "System/Localization.h"
 
@@ -23,6 +24,7 @@ public:
     struct Parts {
         const Look& look;
         const Compositor& compositor;
+        const StackingRule& stacking;
         const system::Localization& texts;
     };
 

@@ -17,6 +17,7 @@ ShownWidgets::ShownWidgets(const DesktopParts& parts, const WidgetPresentation& 
     connect(&parts_.host, &host::WidgetHost::clockStepped, this, &ShownWidgets::takeClockStep);
     connect(&parts_.look, &Look::changed, this, &ShownWidgets::takeLook);
     connect(&parts_.compositor, &Compositor::changed, this, &ShownWidgets::takeLook);
+    connect(&parts_.stacking, &StackingRule::changed, this, &ShownWidgets::takeLook);
     connect(&screenWatch_, &ScreenWatch::changed, this, &ShownWidgets::takeScreens);
 }
 

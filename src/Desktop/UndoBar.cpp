@@ -26,12 +26,13 @@ constexpr int margin = 20;
 
 }  // namespace
 
-UndoBar::UndoBar(const Words& words, const Look& look, Corners corners)
+UndoBar::UndoBar(const Words& words, const Look& look, Corners corners, Stacking stacking)
     : look_(look),
       corners_(corners),
+      stacking_(stacking),
       message_(new QLabel(words.message, this)),
       undo_(new QPushButton(words.undo, this)) {
-    setWindowFlags(desktopWindowFlags());
+    setWindowFlags(desktopWindowFlags(stacking));
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_TranslucentBackground, corners == Corners::transparent);
     setWindowTitle(words.message);
@@ -86,7 +87,7 @@ void UndoBar::showEvent(QShowEvent* event) {
     if (event->spontaneous()) {
         return;
     }
-    applyDesktopHints(*windowHandle());
+    applyDesktopHints(*windowHandle(), stacking_);
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }

@@ -7,6 +7,7 @@
 
 #include "Desktop/Corners.h"
 #include "Desktop/Look.h"
+#include "Desktop/Stacking.h"
 
 namespace kelmar::desktop {
 
@@ -23,7 +24,7 @@ public:
         QString undo;
     };
 
-    UndoBar(const Words& words, const Look& look, Corners corners);
+    UndoBar(const Words& words, const Look& look, Corners corners, Stacking stacking);
 
     /// In the middle of `place`, as far as that leaves a gap to the edges of `visible`.
     void present(const QRect& place, const QRect& visible);
@@ -46,6 +47,7 @@ private:
 
     const Look& look_;
     Corners corners_;
+    Stacking stacking_;
     QLabel* message_;
     QPushButton* undo_;
     QTimer expiry_{this};

@@ -38,6 +38,7 @@ QString WidgetPresentation::age(host::WidgetId id) const {
 
 void WidgetPresentation::dress(WidgetWindow& window) const {
     window.setCorners(parts_.compositor.isRunning() ? Corners::transparent : Corners::cutOut);
+    window.setStacking(parts_.stacking.current());
     window.setAppearance(parts_.look.appearance());
     window.setMotion(parts_.look.motion());
 }

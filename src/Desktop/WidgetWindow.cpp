@@ -25,9 +25,7 @@ WidgetWindow::WidgetWindow(kit::Family family, const system::Clock& clock)
       liveDrawing_({*this, content_, painting_, clock}),
       pointer_(*this, content_),
       keyboard_(*this) {
-    // A plain window without a frame: several window managers hide utility windows while another
-    // program is active, and keep desktop windows under the icons of the file manager.
-    setWindowFlags(desktopWindowFlags() | Qt::WindowDoesNotAcceptFocus);
+    chooseFlags();
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_NoSystemBackground);
     setAttribute(Qt::WA_AlwaysShowToolTips);  // The window is never the active one.
@@ -65,6 +63,18 @@ void WidgetWindow::setAppearance(const paint::Appearance& appearance) {
     update();
 }
 
+/// A plain window without a frame: several window managers hide utility windows while another
+/// program is active, and keep desktop windows under the icons of the file manager.
+void WidgetWindow::chooseFlags() {
+    setWindowFlags(desktopWindowFlags(stacking_) | Qt::WindowDoesNotAcceptFocus);
+}
+
+void WidgetWindow::setStacking(Stacking stacking) {
+    if (std::exchange(stacking_, stacking) != stacking) {
+        remakeNativeWindow();
+    }
+}
+
 void WidgetWindow::setCorners(Corners corners) {
     if (corners == painting_.corners()) {
         return;
@@ -81,6 +91,7 @@ void WidgetWindow::remakeNativeWindow() {
     liveDrawing_.leaveNativeWindow();
     destroy();
     scale_ = devicePixelRatioF();
+    chooseFlags();
     setAttribute(Qt::WA_TranslucentBackground, painting_.corners() == Corners::transparent);
     setAttribute(Qt::WA_NoSystemBackground);
     updateMask();
@@ -165,7 +176,7 @@ void WidgetWindow::showFocus() {
 void WidgetWindow::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (!event->spontaneous()) {
-        applyDesktopHints(*windowHandle());
+        applyDesktopHints(*windowHandle(), stacking_);
         liveDrawing_.takeNativeWindow();
     }
 }

@@ -6,6 +6,7 @@
 #include "Desktop/Corners.h"
 #include "Desktop/LiveDrawing.h"
 #include "Desktop/Motion.h"
+#include "Desktop/Stacking.h"
 #include "Desktop/WidgetContent.h"
 #include "Desktop/WidgetKeyboard.h"
 #include "Desktop/WidgetPointer.h"
@@ -27,6 +28,7 @@ public:
     void setFamily(kit::Family family);
     void setAppearance(const paint::Appearance& appearance);
     void setCorners(Corners corners);
+    void setStacking(Stacking stacking);
     /// Whether new content may fade in.
     void setMotion(Motion motion) { painting_.setMotion(motion); }
     /// By which the window can be dragged; without one it cannot.
@@ -73,6 +75,7 @@ protected:
 
 private:
     void connectParts();
+    void chooseFlags();
     void remakeNativeWindow();
     void updateMask();
     void showFocus();
@@ -84,6 +87,7 @@ private:
     LiveDrawing liveDrawing_;
     WidgetPointer pointer_;
     WidgetKeyboard keyboard_;
+    Stacking stacking_ = Stacking::managed;
     double scale_ = 1;  ///< Of the screen when the native window was made.
     std::function<QString()> toolTipSource_;
 };

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QGuiApplication>
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
+#include <span>
+#include <string_view>
 #include <xcb/xcb.h>
 
 /// The few words of xcb that the desktop's X11 parts share.
@@ -25,22 +28,42 @@ using ReplyPointer = std::unique_ptr<Reply, Free>;
 /// The names that this program uses of those which the server knows by numbers.
 enum class Atom {
     compositingManager,
+    showingDesktop,
     systemTray,
     supportedHints,
     supportingWindowManager,
     userTime,
     userTimeWindow,
+    utf8Text,
     windowDesktop,
+    windowName,
     windowState,
     windowStateBelow,
     windowStateSkipPager,
     windowStateSkipTaskbar,
     windowStateSticky,
+    windowType,
+    windowTypeDock,
 };
 
 /// The server's number for a name. All are asked for when the first is wanted: waiting for an
 /// answer takes longer than everything else about it.
 [[nodiscard]] xcb_atom_t numberOf(Atom atom);
+
+/// The window behind all others, through whose properties a window manager speaks to everybody;
+/// none where there is no X server.
+[[nodiscard]] xcb_window_t root();
+
+/// A property of a window; null where there is no X server. Read by the functions that follow.
+[[nodiscard]] ReplyPointer<xcb_get_property_reply_t> property(xcb_window_t window, Atom name,
+                                                              xcb_atom_t type);
+
+/// What a property holds, if it is there and holds numbers of 32 bits. Valid as long as the reply.
+[[nodiscard]] std::span<const std::uint32_t> numbersIn(
+    const ReplyPointer<xcb_get_property_reply_t>& reply);
+
+/// What a property holds, if it is there and holds text. Valid as long as the reply.
+[[nodiscard]] std::string_view textIn(const ReplyPointer<xcb_get_property_reply_t>& reply);
 
 /// What kind of event a native event filter was given, without the mark of events that another
 /// client sent.

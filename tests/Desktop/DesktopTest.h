@@ -32,11 +32,13 @@ protected:
     PortalSettings settings_{log_};
     Look look_{settings_, SchemeChoice::light, foundFonts()};
     Compositor compositor_;
+    StackingRule stacking_;
     system::EnglishLocalization texts_;
     DesktopParts desktopParts_{.host = host_,
                                .arrangementFile = arrangementFile_,
                                .look = look_,
                                .compositor = compositor_,
+                               .stacking = stacking_,
                                .clock = clock_,
                                .texts = texts_,
                                .log = log_};

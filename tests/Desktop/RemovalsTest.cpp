@@ -67,8 +67,9 @@ protected:
     PortalSettings settings_{log_};
     Look look_{settings_, SchemeChoice::dark, foundFonts()};
     Compositor compositor_;
+    StackingRule stacking_;
     system::EnglishLocalization texts_;
-    Removals removals_{{look_, compositor_, texts_}};
+    Removals removals_{{look_, compositor_, stacking_, texts_}};
     std::vector<std::string> undone_;
     int expired_ = 0;
 };

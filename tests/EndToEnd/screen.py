@@ -139,6 +139,21 @@ class Screen:
         self._connection.send(request(CHANGE_PROPERTY, REPLACE, struct.pack(
             f"<IIIBxxxI{len(hints)}I", root, supported, ATOM_TYPE, 32, len(hints), *hints)))
 
+    def name_the_window_manager(self, name):
+        """For programs that start from now on."""
+        window = self.number_on_root("_NET_SUPPORTING_WM_CHECK")
+        text = name.encode()
+        self._connection.send(request(CHANGE_PROPERTY, REPLACE, struct.pack(
+            "<IIIBxxxI", window, self._atom("_NET_WM_NAME"), self._atom("UTF8_STRING"), 8,
+            len(text)) + text))
+
+    def show_desktop(self, on):
+        """As the key that puts all windows aside, or back, does (Extended Window Manager Hints)."""
+        root = self._connection.root
+        self._connection.send(request(SEND_EVENT, 0, struct.pack(
+            "<IIBBxxIII16x", root, TO_THE_WINDOW_MANAGER, CLIENT_MESSAGE, 32, root,
+            self._atom("_NET_SHOWING_DESKTOP"), on)))
+
     def is_keyboard_taken(self):
         """Whether a program has all keys sent to it, wherever the keyboard belongs, as menus do.
 

@@ -72,13 +72,49 @@ class OnTheDesktopTest(WindowTest):
         owner = self.session.active_window()
         self.probe.start_widgets()
         self.wait_for_background(BLUE)
-        windows = {window.id: window for window in self.session.screen.windows()}
-        self.assertTrue(windows[self.probe.window()].is_popup)
-        self.assertEqual(windows[self.probe.window()].geometry, (900, 16, 364, 382))
+        self.assertTrue(self.is_unmanaged())
+        self.assertEqual(self.probe.geometry(), (900, 16, 364, 382))
         self.assertEqual(self.session.screen.picture(1200, 340, 1, 1).pixel(0, 0), PLAIN_COLOR)
         self.probe.click(BUTTON)
         wait_until(lambda: self.probe.requests("intent/perform"), "the press to arrive")
         self.assertEqual(self.session.active_window(), owner)
+
+    def is_unmanaged(self):
+        windows = {window.id: window for window in self.session.screen.windows()}
+        return windows[self.probe.window()].is_popup
+
+    def test_widgets_stay_while_all_windows_are_put_aside_to_see_the_desktop(self):
+        self.probe.start_widgets()
+        self.session.open_plain_window(20, 20, 200, 100)
+        geometry = self.probe.geometry()
+        self.session.screen.show_desktop(True)
+        wait_until(lambda: not self.session.windows_named("Plain Window"), "the window to go")
+        wait_until(lambda: self.session.windows_named("Probe") and self.is_unmanaged(),
+                   "the widget among what is left")
+        self.wait_for_background(BLUE)
+        self.assertEqual(self.probe.geometry(), geometry)
+        self.probe.click(BUTTON)
+        wait_until(lambda: self.probe.requests("intent/perform"), "the press to arrive")
+        self.assertEqual(self.session.windows_named("Plain Window"), [])
+        self.session.screen.show_desktop(False)
+        wait_until(lambda: self.session.windows_named("Plain Window"), "the window to come back")
+        wait_until(lambda: self.session.windows_named("Probe") and not self.is_unmanaged(),
+                   "the widget in the window manager's hands")
+        self.wait_for_background(BLUE)
+        self.assertEqual(self.probe.geometry(), geometry)
+        self.assertIn("_NET_WM_STATE_BELOW",
+                      self.session.property_of(self.probe.window(), "_NET_WM_STATE"))
+
+    def test_window_is_a_dock_to_those_window_managers_that_put_all_but_docks_aside(self):
+        for manager, is_dock in (("Openbox", False), ("GNOME Shell", True), ("Metacity", True),
+                                 ("Mutter (Muffin)", True)):
+            with self.subTest(manager):
+                self.session.screen.name_the_window_manager(manager)
+                process = self.probe.start_widgets()
+                kinds = self.session.property_of(self.probe.window(), "_NET_WM_WINDOW_TYPE")
+                self.assertEqual("_NET_WM_WINDOW_TYPE_DOCK" in kinds, is_dock, kinds)
+                self.session.processes.end(process)
+                wait_until(lambda: not self.session.windows_named("Probe"), "the widget to go")
 
     def test_click_leaves_the_keyboard_where_it_is(self):
         self.probe.start_widgets()

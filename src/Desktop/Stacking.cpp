@@ -1,0 +1,83 @@
+#include "Desktop/Stacking.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <string_view>
+
+#include "Desktop/X11.h"
+
+namespace kelmar::desktop {
+
+namespace {
+
+using x11::Atom;
+
+/// The window managers that come from Metacity, by the names that they give themselves.
+constexpr std::array<std::string_view, 5> gnomeFamily{"GNOME Shell", "Marco", "Metacity", "Muffin",
+                                                      "Mutter"};
+
+bool isOfGnomeFamily(std::string_view manager) {
+    return std::ranges::any_of(gnomeFamily,
+                               [&](std::string_view name) { return manager.starts_with(name); });
+}
+
+Stacking usualStacking() {
+    const auto check = x11::property(x11::root(), Atom::supportingWindowManager, XCB_ATOM_WINDOW);
+    const std::span manager = x11::numbersIn(check);
+    if (manager.empty()) {
+        return Stacking::managed;  // The one that comes may keep windows below.
+    }
+    const auto hints = x11::property(x11::root(), Atom::supportedHints, XCB_ATOM_ATOM);
+    const std::span understood = x11::numbersIn(hints);
+    if (std::ranges::find(understood, numberOf(Atom::windowStateBelow)) == understood.end()) {
+        return Stacking::bottom;
+    }
+    const auto name = x11::property(manager.front(), Atom::windowName, numberOf(Atom::utf8Text));
+    return isOfGnomeFamily(x11::textIn(name)) ? Stacking::asDock : Stacking::managed;
+}
+
+bool isDesktopShown() {
+    const auto property = x11::property(x11::root(), Atom::showingDesktop, XCB_ATOM_CARDINAL);
+    const std::span value = x11::numbersIn(property);
+    return !value.empty() && value.front() != 0;
+}
+
+}  // namespace
+
+StackingRule::StackingRule() {
+    if (x11::connection() != nullptr) {
+        usual_ = usualStacking();
+        isDesktopShown_ = isDesktopShown();
+        qGuiApp->installNativeEventFilter(this);
+    }
+}
+
+StackingRule::~StackingRule() {
+    qGuiApp->removeNativeEventFilter(this);
+}
+
+Stacking StackingRule::current() const {
+    return usual_ == Stacking::managed && isDesktopShown_ ? Stacking::top : usual_;
+}
+
+/// Qt has the server tell it of all that changes on the root window.
+bool StackingRule::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
+                                     qintptr* /*result*/) {
+    const auto& event = *static_cast<const xcb_generic_event_t*>(message);
+    if (x11::typeOf(event) != XCB_PROPERTY_NOTIFY) {
+        return false;
+    }
+    const auto& notify = *static_cast<const xcb_property_notify_event_t*>(message);
+    if (notify.atom != numberOf(Atom::showingDesktop)) {
+        return false;
+    }
+    const bool isDesktopShownNow = isDesktopShown();
+    if (isDesktopShownNow != isDesktopShown_) {
+        isDesktopShown_ = isDesktopShownNow;
+        emit changed();
+    }
+    return false;
+}
+
+}  // namespace kelmar::desktop
