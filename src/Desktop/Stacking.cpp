@@ -47,8 +47,7 @@ bool isDesktopShown() {
 
 StackingRule::StackingRule() {
     if (x11::connection() != nullptr) {
-        usual_ = usualStacking();
-        isDesktopShown_ = isDesktopShown();
+        look();
         qGuiApp->installNativeEventFilter(this);
     }
 }
@@ -69,15 +68,22 @@ bool StackingRule::nativeEventFilter(const QByteArray& /*eventType*/, void* mess
         return false;
     }
     const auto& notify = *static_cast<const xcb_property_notify_event_t*>(message);
-    if (notify.atom != numberOf(Atom::showingDesktop)) {
-        return false;
-    }
-    const bool isDesktopShownNow = isDesktopShown();
-    if (isDesktopShownNow != isDesktopShown_) {
-        isDesktopShown_ = isDesktopShownNow;
-        emit changed();
+    constexpr std::array decisive{Atom::showingDesktop, Atom::supportingWindowManager,
+                                  Atom::supportedHints};
+    if (notify.window == x11::root() &&
+        std::ranges::find(decisive, notify.atom, x11::numberOf) != decisive.end()) {
+        look();
     }
     return false;
+}
+
+void StackingRule::look() {
+    const Stacking before = current();
+    usual_ = usualStacking();
+    isDesktopShown_ = isDesktopShown();
+    if (current() != before) {
+        emit changed();
+    }
 }
 
 }  // namespace kelmar::desktop

@@ -34,6 +34,7 @@ signals:
 
 private:
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+    void look();
 
     Stacking usual_ = Stacking::managed;
     bool isDesktopShown_ = false;

@@ -116,6 +116,18 @@ class OnTheDesktopTest(WindowTest):
                 self.session.processes.end(process)
                 wait_until(lambda: not self.session.windows_named("Probe"), "the widget to go")
 
+    def test_window_follows_a_window_manager_that_comes_later(self):
+        self.probe.start_widgets()
+        self.assertFalse(self.is_unmanaged())
+        self.session.screen.change_what_the_window_manager_understands(
+            remove=["_NET_WM_STATE_BELOW"])
+        wait_until(lambda: self.session.windows_named("Probe") and self.is_unmanaged(),
+                   "the widget out of its hands")
+        self.session.screen.change_what_the_window_manager_understands(add=["_NET_WM_STATE_BELOW"])
+        wait_until(lambda: self.session.windows_named("Probe") and not self.is_unmanaged(),
+                   "the widget in its hands")
+        self.wait_for_background(BLUE)
+
     def test_click_leaves_the_keyboard_where_it_is(self):
         self.probe.start_widgets()
         self.session.open_plain_window(20, 20, 200, 100)
