@@ -1,7 +1,7 @@
 #include "Desktop/Options.h"
 
 #include <QCommandLineParser>
-#include <algorithm>
+#include <QVersionNumber>
 #include <array>
 #include <cstdio>
 #include <fmt/format.h>
@@ -63,17 +63,10 @@ Fault takeMode(Options& options, const std::string& value) {
                                  : "\"" + value + "\" is not fullColor, accented or vibrant";
 }
 
-/// Numbers with dots between them.
-bool isVersion(std::string_view text) {
-    char before = '.';
-    return std::ranges::all_of(text,
-                               [&before](char sign) {
-                                   const bool isDigit = sign >= '0' && sign <= '9';
-                                   const bool fits = isDigit || (sign == '.' && before != '.');
-                                   before = sign;
-                                   return fits;
-                               }) &&
-           before != '.';
+bool isVersion(const std::string& text) {
+    const QString whole = QString::fromStdString(text);
+    qsizetype end = 0;
+    return !QVersionNumber::fromString(whole, &end).isNull() && end == whole.size();
 }
 
 Fault takeSystemVersion(Options& options, const std::string& value) {

@@ -1,6 +1,7 @@
 #include "Desktop/SelectionOwner.h"
 
 #include <QGuiApplication>
+#include <utility>
 #include <xcb/xfixes.h>
 
 namespace kelmar::desktop {
@@ -21,8 +22,7 @@ int followOwner(xcb_connection_t* x, xcb_atom_t selection) {
     }
     // The server sends nothing before it has been told which version is spoken.
     xcb_discard_reply(x, xcb_xfixes_query_version(x, 5, 0).sequence);
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(x)).data->root;
-    xcb_xfixes_select_selection_input(x, root, selection,
+    xcb_xfixes_select_selection_input(x, x11::root(), selection,
                                       XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
@@ -52,15 +52,13 @@ SelectionOwner::~SelectionOwner() {
 
 bool SelectionOwner::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
                                        qintptr* /*result*/) {
-    const auto& event = *static_cast<const xcb_generic_event_t*>(message);
-    if (x11::typeOf(event) != selectionNotify_) {
-        return false;
-    }
-    const auto& notify = *static_cast<const xcb_xfixes_selection_notify_event_t*>(message);
-    const bool isThereNow = notify.owner != XCB_WINDOW_NONE;
-    if (notify.selection == selection_ && isThereNow != isThere_) {
-        isThere_ = isThereNow;
-        emit changed();
+    const auto* notify =
+        x11::eventOf<xcb_xfixes_selection_notify_event_t>(selectionNotify_, message);
+    if (notify != nullptr && notify->selection == selection_) {
+        const bool wasThere = std::exchange(isThere_, notify->owner != XCB_WINDOW_NONE);
+        if (isThere_ != wasThere) {
+            emit changed();
+        }
     }
     return false;
 }

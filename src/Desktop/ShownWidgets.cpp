@@ -16,8 +16,8 @@ ShownWidgets::ShownWidgets(const DesktopParts& parts, const WidgetPresentation& 
     connect(&parts_.host, &host::WidgetHost::entryChanged, this, &ShownWidgets::takeEntry);
     connect(&parts_.host, &host::WidgetHost::clockStepped, this, &ShownWidgets::takeClockStep);
     connect(&parts_.look, &Look::changed, this, &ShownWidgets::takeLook);
-    connect(&parts_.compositor, &Compositor::changed, this, &ShownWidgets::takeLook);
-    connect(&parts_.stacking, &StackingRule::changed, this, &ShownWidgets::takeLook);
+    connect(&parts_.compositor, &Compositor::changed, this, &ShownWidgets::dress);
+    connect(&parts_.stacking, &StackingRule::changed, this, &ShownWidgets::dress);
     connect(&screenWatch_, &ScreenWatch::changed, this, &ShownWidgets::takeScreens);
 }
 
@@ -99,9 +99,15 @@ void ShownWidgets::takeDirection() {
     }
 }
 
-void ShownWidgets::takeLook() {
+void ShownWidgets::dress() {
     for (const auto& [id, shown] : shown_) {
         presentation_.dress(*shown.window);
+    }
+}
+
+void ShownWidgets::takeLook() {
+    dress();
+    for (const auto& [id, shown] : shown_) {
         parts_.host.setEnvironment(id, parts_.look.environment(shown.place.family));
         fillAgain(id);
     }

@@ -65,6 +65,7 @@ private:
     void run(const layout::Action& action);
     void takeNames();
     void takeEntry(host::WidgetId id);
+    void dress();
     void takeLook();
     /// What a window shows already, in another form.
     void fillAgain(host::WidgetId id);

@@ -63,15 +63,11 @@ Stacking StackingRule::current() const {
 /// Qt has the server tell it of all that changes on the root window.
 bool StackingRule::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
                                      qintptr* /*result*/) {
-    const auto& event = *static_cast<const xcb_generic_event_t*>(message);
-    if (x11::typeOf(event) != XCB_PROPERTY_NOTIFY) {
-        return false;
-    }
-    const auto& notify = *static_cast<const xcb_property_notify_event_t*>(message);
+    const auto* notify = x11::eventOf<xcb_property_notify_event_t>(XCB_PROPERTY_NOTIFY, message);
     constexpr std::array decisive{Atom::showingDesktop, Atom::supportingWindowManager,
                                   Atom::supportedHints};
-    if (notify.window == x11::root() &&
-        std::ranges::find(decisive, notify.atom, x11::numberOf) != decisive.end()) {
+    if (notify != nullptr && notify->window == x11::root() &&
+        std::ranges::find(decisive, notify->atom, x11::numberOf) != decisive.end()) {
         look();
     }
     return false;

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QWindow>
+#include <utility>
 
 #include "Desktop/X11.h"
 
@@ -53,15 +54,14 @@ bool WindowVisibility::eventFilter(QObject* watched, QEvent* event) {
 
 bool WindowVisibility::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
                                          qintptr* /*result*/) {
-    const auto& event = *static_cast<const xcb_generic_event_t*>(message);
-    if (x11::typeOf(event) != XCB_VISIBILITY_NOTIFY) {
-        return false;
-    }
-    const auto& notify = *static_cast<const xcb_visibility_notify_event_t*>(message);
-    const bool isCovered = notify.state == XCB_VISIBILITY_FULLY_OBSCURED;
-    if (notify.window == window_.winId() && isCovered != isCovered_) {
-        isCovered_ = isCovered;
-        emit changed();
+    const auto* notify =
+        x11::eventOf<xcb_visibility_notify_event_t>(XCB_VISIBILITY_NOTIFY, message);
+    if (notify != nullptr && notify->window == window_.winId()) {
+        const bool wasCovered =
+            std::exchange(isCovered_, notify->state == XCB_VISIBILITY_FULLY_OBSCURED);
+        if (isCovered_ != wasCovered) {
+            emit changed();
+        }
     }
     return false;
 }

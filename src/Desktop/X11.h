@@ -65,11 +65,13 @@ enum class Atom {
 /// What a property holds, if it is there and holds text. Valid as long as the reply.
 [[nodiscard]] std::string_view textIn(const ReplyPointer<xcb_get_property_reply_t>& reply);
 
-/// What kind of event a native event filter was given, without the mark of events that another
-/// client sent.
-[[nodiscard]] inline int typeOf(const xcb_generic_event_t& event) {
+/// What a native event filter was given, if it is an event of that type, whoever sent it; else
+/// null.
+template <class Event>
+[[nodiscard]] const Event* eventOf(int type, const void* message) {
     constexpr int sentMark = 0x80;
-    return event.response_type & ~sentMark;
+    const auto& event = *static_cast<const xcb_generic_event_t*>(message);
+    return (event.response_type & ~sentMark) == type ? static_cast<const Event*>(message) : nullptr;
 }
 
 }  // namespace kelmar::desktop::x11

@@ -61,7 +61,7 @@ TEST_P(PosixRule, GivesTheWallTimeOfTheCLibrary) {
 INSTANTIATE_TEST_SUITE_P(
     All, PosixRule,
     ::testing::Values(RuleCase{"WestOfGreenwich", "EST5"}, RuleCase{"EastOfGreenwich", "JST-9"},
-                      RuleCase{"WithMinutes", "NIGHT+17:28"}, RuleCase{"HalfAnHour", "XXX-5:30"},
+                      RuleCase{"WithMinutes", "NIGHT+17:28"}, RuleCase{"HalfAnHour", "IST-5:30"},
                       RuleCase{"NumbersAsName", "<+0330>-3:30"},
                       RuleCase{"LooksLikeAnotherZone", "GMT-3"},
                       RuleCase{"Europe", "CET-1CEST,M3.5.0,M10.5.0/3"},
@@ -107,8 +107,8 @@ INSTANTIATE_TEST_SUITE_P(
         TroubleCase{"IST-2IDT,M3.4.4/26,M10.5.0",
                     "TZ is \"IST-2IDT,M3.4.4/26,M10.5.0\", whose daylight saving time is not "
                     "understood: UTC+02:00 is used all year"},
-        TroubleCase{"XXX-5:30YYY,M13.1.0,M1.1.0",
-                    "TZ is \"XXX-5:30YYY,M13.1.0,M1.1.0\", whose daylight saving time is not "
+        TroubleCase{"IST-5:30IDT,M13.1.0,M1.1.0",
+                    "TZ is \"IST-5:30IDT,M13.1.0,M1.1.0\", whose daylight saving time is not "
                     "understood: UTC+05:30 is used all year"},
         TroubleCase{"Nowhere/Land",
                     "TZ is \"Nowhere/Land\", which is no known time zone: UTC+00:00 is used all "
