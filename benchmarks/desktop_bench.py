@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""The whole program on a desktop, beside a bare Qt program with four plain windows and beside four
-windows of conky, all in one run: start, memory, wakeups, from a press to the new picture, and what
-is left of memory after many reloads, galleries and days.
+"""The whole program on a desktop, beside a bare Qt program with four plain windows, the same with
+nothing but texts in them, and four windows of conky, all in one run: start, memory, wakeups, from a
+press to the new picture, and what is left of memory after many reloads, galleries and days.
 
 Usage: desktop_bench.py BUILD_FOLDER [SECONDS]; SECONDS is how long wakeups are counted, 60 if absent.
 """
@@ -146,13 +146,21 @@ class Host:
 class Bare:
     name = "bare Qt program"
     colors = PLAIN_COLORS
+    options = []
 
-    @staticmethod
-    def start(session, interval=None, text=None):
+    @classmethod
+    def start(cls, session, interval=None, text=None):
         del interval, text
         return [session.processes.start(
-            "bare", [os.path.join(BUILD, "bench", "bare_desktop"), *PLAIN_COLORS],
+            "bare", [os.path.join(BUILD, "bench", "bare_desktop"), *cls.options, *PLAIN_COLORS],
             session.environment)]
+
+
+class BareWithTexts(Bare):
+    """How much of what widgets cost is their texts: the fonts, and Qt's way to them."""
+
+    name = "bare Qt program with texts"
+    options = ["--texts"]
 
 
 class Conky:
@@ -263,7 +271,7 @@ def row(name, *figures):
 
 def measure_start(session, screen):
     print(f"Start to four painted windows, median of {STARTS}, ms")
-    times = {Host: [], Bare: [], Conky: []}
+    times = {Host: [], Bare: [], BareWithTexts: [], Conky: []}
     places = {program: places_of_colors(session, screen, program) for program in times}
     for _ in range(STARTS):
         for program, taken in times.items():
@@ -277,7 +285,7 @@ def measure_start(session, screen):
 def measure_memory(session, screen):
     print("Memory at rest, MB: resident, proportional, private, of no file")
     bare = None
-    for program in (Bare, Host, Conky):
+    for program in (Bare, BareWithTexts, Host, Conky):
         forget_arrangement(session)
         processes = program.start(session)
         wait_for_colors(screen, program.colors)
