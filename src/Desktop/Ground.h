@@ -4,9 +4,10 @@
 #include <utility>
 
 #include "Desktop/ActivationToken.h"
+#include "Desktop/InstalledFiles.h"
 #include "Desktop/SettingsFollower.h"
 #include "Host/ApplicationVariables.h"
-#include "Host/GioUrlOpener.h"
+#include "Host/LoadedUrlOpener.h"
 #include "Host/Log.h"
 #include "Host/WidgetHost.h"
 #include "Layout/Layout.h"
@@ -23,13 +24,13 @@ struct Ground {
            host::Log& messages)
         : fontSearch(fonts),
           log(messages),
-          urlOpener(makeActivationToken, std::move(variables)),
+          urlOpener(installedUrlOpenerModule(), makeActivationToken, std::move(variables)),
           host(extensionFile, urlOpener, clock, systemVersion) {}
 
     const paint::FontSearch& fontSearch;
     host::Log& log;
     system::SystemClock clock;
-    host::GioUrlOpener urlOpener;
+    host::LoadedUrlOpener urlOpener;
     host::WidgetHost host;
     layout::Direction direction = writingDirection();
 };

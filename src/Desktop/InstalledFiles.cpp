@@ -5,12 +5,23 @@
 
 namespace kelmar::desktop {
 
-std::string installedKeyFile() {
-    const QString name = QStringLiteral("kelmar-planner.extension");
+namespace {
+
+std::string installedFile(const QString& name) {
     const QDir programs(QCoreApplication::applicationDirPath());
-    const QDir extensions(programs.filePath(QStringLiteral(KELMAR_EXTENSION_FOLDER)));
-    const QDir& folder = programs.exists(name) ? programs : extensions;
+    const QDir internal(programs.filePath(QStringLiteral(KELMAR_INTERNAL_FOLDER)));
+    const QDir& folder = programs.exists(name) ? programs : internal;
     return QDir::cleanPath(folder.filePath(name)).toStdString();
+}
+
+}  // namespace
+
+std::string installedKeyFile() {
+    return installedFile("kelmar-planner.extension");
+}
+
+std::string installedUrlOpenerModule() {
+    return installedFile("kelmar-widgets-gio.so");
 }
 
 }  // namespace kelmar::desktop

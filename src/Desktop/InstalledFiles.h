@@ -4,9 +4,13 @@
 
 namespace kelmar::desktop {
 
-/// The key file of the extension that this program came with: beside the program in a build tree,
-/// in its installation's folder of extensions else. Found from the program's own place, so that an
-/// installation can be moved. Needs the application object.
+// Files that this program came with: beside it in a build tree, in folders of the installation
+// else. Found from the program's own place, so that an installation can be moved. They need the
+// application object.
+
+/// The key file of the extension.
 [[nodiscard]] std::string installedKeyFile();
+/// The module that opens URLs (see `host::LoadedUrlOpener`).
+[[nodiscard]] std::string installedUrlOpenerModule();
 
 }  // namespace kelmar::desktop

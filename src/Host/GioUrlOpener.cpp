@@ -125,7 +125,7 @@ private:
     std::thread thread_;
 };
 
-GioUrlOpener::GioUrlOpener(MakeToken makeToken, ApplicationVariables variables)
+GioUrlOpener::GioUrlOpener(MakeActivationToken makeToken, ApplicationVariables variables)
     : makeToken_(std::move(makeToken)), variables_(std::move(variables)) {}
 
 GioUrlOpener::~GioUrlOpener() = default;

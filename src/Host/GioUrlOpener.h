@@ -1,12 +1,10 @@
 #pragma once
 
 #include <QObject>
-#include <functional>
 #include <memory>
 #include <string>
 
-#include "Host/ApplicationVariables.h"
-#include "Host/UrlOpener.h"
+#include "Host/UrlOpenerModule.h"
 
 namespace kelmar::host {
 
@@ -19,11 +17,8 @@ namespace kelmar::host {
 /// its Qt event loop; those that are outstanding when it goes never come.
 class GioUrlOpener final : public QObject, public UrlOpener {
 public:
-    /// Makes a token with which an application may come to the front, or the empty text.
-    using MakeToken = std::function<std::string()>;
-
     /// `variables` are for the handlers that it starts.
-    explicit GioUrlOpener(MakeToken makeToken = {}, ApplicationVariables variables = {});
+    explicit GioUrlOpener(MakeActivationToken makeToken = {}, ApplicationVariables variables = {});
     ~GioUrlOpener() override;
 
     /// A handler that is not to be activated gets no token, without which window managers leave it
@@ -35,7 +30,7 @@ public:
 private:
     class Worker;
 
-    MakeToken makeToken_;
+    MakeActivationToken makeToken_;
     ApplicationVariables variables_;
     std::unique_ptr<Worker> worker_;  ///< From the first URL on.
 };

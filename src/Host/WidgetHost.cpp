@@ -138,7 +138,8 @@ void WidgetHost::State::openLink(const std::string& url) {
     urlGate_.open(url, {.activates = true, .addsToRecentItems = false},
                   [&log = parts_.log, url](const std::string& error) {
                       if (!error.empty()) {
-                          log.write(LogLevel::warning, fmt::format("{}: {}", url, error));
+                          log.write(LogLevel::warning,
+                                    fmt::format("{} is not opened: {}", url, error));
                       }
                   });
 }

@@ -42,11 +42,12 @@ class Probe:
         with open(self.key_file, "w", encoding="utf-8") as file:
             file.write(KEY_FILE)
 
-    def start_widgets(self, *arguments):
-        """Starts the program and waits for its widget's content, or that of each that is added;
+    def start_widgets(self, *arguments, program=None):
+        """Starts the program, another one than that which was built if it is named, and waits for its widget's content, or that of each that is added;
         returns the process."""
         self._requests_before_start = len(self.requests("widget/timeline"))
-        process = self._session.processes.start("kelmar-widgets", self.command(*arguments),
+        process = self._session.processes.start("kelmar-widgets",
+                                                self.command(*arguments, program=program),
                                                 self._session.environment)
         count = max(1, arguments.count("--add"))
         wait_until(lambda: self._widgets_with_content() >= count,
@@ -61,8 +62,8 @@ class Probe:
             return sum(screen.picture(window.x + x, window.y + y, 1, 1).count(self._color) > 0
                        for window in screen.windows() if window.name == "Probe")
 
-    def command(self, *arguments):
-        return [binary("kelmar-widgets"), "--extension", self.key_file, *arguments]
+    def command(self, *arguments, program=None):
+        return [program or binary("kelmar-widgets"), "--extension", self.key_file, *arguments]
 
     def window(self):
         return self._session.wait_for_window("Probe").id

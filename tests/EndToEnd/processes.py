@@ -73,6 +73,12 @@ def children_of(pid):
         return [int(child) for child in children.read().split()]
 
 
+def loads(pid, library):
+    """Whether a process has a library in its memory."""
+    with open(f"/proc/{pid}/maps", encoding="utf-8") as maps:
+        return library in maps.read()
+
+
 def switches_by_thread(pid):
     """How often each thread of a process has been given the processor."""
     switches = {}

@@ -9,7 +9,8 @@ import unittest
 
 from picture import Picture
 from probe import BAR, BESIDE_ALL, BUTTON, COUNTDOWN, LINK, SMALL_BESIDE_ALL, TOGGLE, ProbeTest
-from processes import GIVE_UP_TIME, children_of, context_switches, wait_for_sleep, wait_until
+from processes import (GIVE_UP_TIME, children_of, context_switches, loads, wait_for_sleep,
+                       wait_until)
 from session import PLAIN_COLOR, SCREEN_SIZE, WALLPAPER
 from x_settings import XSettings
 
@@ -210,6 +211,13 @@ class PressTest(WindowTest):
         wait_until(lambda: self.session.opened_urls() == ["probe://linked"],
                    "the link to be opened")
         self.assertEqual(self.probe.requests("intent/perform"), [])
+
+    def test_what_opens_links_is_loaded_with_the_first_of_them(self):
+        process = self.probe.start_widgets()
+        self.assertFalse(loads(process.pid, "libgio"))
+        self.probe.click(LINK)
+        wait_until(self.session.opened_urls, "the link to be opened")
+        self.assertTrue(loads(process.pid, "libgio"))
 
     def test_press_beside_every_action_opens_the_widgets_own_link_if_it_has_one(self):
         self.probe.start_widgets("--add", "Probe:small")

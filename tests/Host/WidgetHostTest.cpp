@@ -522,7 +522,7 @@ TEST_F(WidgetHostTest, OpensALinkThatWasPressedInFront) {
     EXPECT_TRUE(opener_.calls[0].options.activates);
     EXPECT_FALSE(opener_.calls[0].options.addsToRecentItems);
     opener_.calls[0].completed("no application is registered");
-    EXPECT_THAT(log_.lines, ElementsAre("clock://now: no application is registered"));
+    EXPECT_THAT(log_.lines, ElementsAre("clock://now is not opened: no application is registered"));
 }
 
 TEST_F(WidgetHostTest, OpensNoForeignLink) {

@@ -16,6 +16,7 @@ FILES = {
         "usr/bin/kelmar-widgets",
         "usr/libexec/kelmar-widgets/kelmar-planner.extension",
         "usr/libexec/kelmar-widgets/kelmar-widgets-extension",
+        "usr/libexec/kelmar-widgets/kelmar-widgets-gio.so",
         f"usr/share/applications/{APP_ID}.desktop",
         "usr/share/bash-completion/completions/kelmar-widgetctl",
         "usr/share/bash-completion/completions/kelmar-widgets",
@@ -114,8 +115,9 @@ class Packages(unittest.TestCase):
         for package in FILES:
             unpacked = self.folder / "unpacked"
             run("dpkg-deb", "--extract", self.packages[package], unpacked)
-        programs = [*unpacked.glob("usr/bin/*"), *unpacked.glob("usr/libexec/*/*-extension")]
-        self.assertEqual(len(programs), 4)
+        programs = [*unpacked.glob("usr/bin/*"), *unpacked.glob("usr/libexec/*/*-extension"),
+                    *unpacked.glob("usr/libexec/*/*.so")]
+        self.assertEqual(len(programs), 5)
         for program in programs:
             self.assertRegex(run("file", "--brief", program), r"ELF .*, stripped$")
 

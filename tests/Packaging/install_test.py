@@ -29,7 +29,8 @@ class Installation(unittest.TestCase):
         self.assertEqual(sorted(os.listdir(self.prefix / "bin")),
                          ["kelmar-planner-demo", "kelmar-widgetctl", "kelmar-widgets"])
         self.assertEqual(sorted(os.listdir(self.prefix / "libexec/kelmar-widgets")),
-                         ["kelmar-planner.extension", "kelmar-widgets-extension"])
+                         ["kelmar-planner.extension", "kelmar-widgets-extension",
+                          "kelmar-widgets-gio.so"])
 
     def test_every_shell_finds_its_completions(self):
         for folder, files in (
