@@ -81,8 +81,9 @@ class OnTheDesktopTest(WindowTest):
         self.assertEqual(self.session.active_window(), owner)
 
     def is_unmanaged(self):
-        windows = {window.id: window for window in self.session.screen.windows()}
-        return windows[self.probe.window()].is_popup
+        """None while there is no window, such as between one and the next of the same widget."""
+        return next((window.is_popup for window in self.session.screen.windows()
+                     if window.name == "Probe"), None)
 
     def test_widgets_stay_while_all_windows_are_put_aside_to_see_the_desktop(self):
         self.probe.start_widgets()
@@ -90,8 +91,7 @@ class OnTheDesktopTest(WindowTest):
         geometry = self.probe.geometry()
         self.session.screen.show_desktop(True)
         wait_until(lambda: not self.session.windows_named("Plain Window"), "the window to go")
-        wait_until(lambda: self.session.windows_named("Probe") and self.is_unmanaged(),
-                   "the widget among what is left")
+        wait_until(self.is_unmanaged, "the widget among what is left")
         self.wait_for_background(BLUE)
         self.assertEqual(self.probe.geometry(), geometry)
         self.probe.click(BUTTON)
@@ -99,7 +99,7 @@ class OnTheDesktopTest(WindowTest):
         self.assertEqual(self.session.windows_named("Plain Window"), [])
         self.session.screen.show_desktop(False)
         wait_until(lambda: self.session.windows_named("Plain Window"), "the window to come back")
-        wait_until(lambda: self.session.windows_named("Probe") and not self.is_unmanaged(),
+        wait_until(lambda: self.is_unmanaged() is False,
                    "the widget in the window manager's hands")
         self.wait_for_background(BLUE)
         self.assertEqual(self.probe.geometry(), geometry)
@@ -119,14 +119,12 @@ class OnTheDesktopTest(WindowTest):
 
     def test_window_follows_a_window_manager_that_comes_later(self):
         self.probe.start_widgets()
-        self.assertFalse(self.is_unmanaged())
+        self.assertIs(self.is_unmanaged(), False)
         self.session.screen.change_what_the_window_manager_understands(
             remove=["_NET_WM_STATE_BELOW"])
-        wait_until(lambda: self.session.windows_named("Probe") and self.is_unmanaged(),
-                   "the widget out of its hands")
+        wait_until(self.is_unmanaged, "the widget out of its hands")
         self.session.screen.change_what_the_window_manager_understands(add=["_NET_WM_STATE_BELOW"])
-        wait_until(lambda: self.session.windows_named("Probe") and not self.is_unmanaged(),
-                   "the widget in its hands")
+        wait_until(lambda: self.is_unmanaged() is False, "the widget in its hands")
         self.wait_for_background(BLUE)
 
     def test_click_leaves_the_keyboard_where_it_is(self):
