@@ -9,6 +9,7 @@
 #include "Desktop/Instance.h"
 #include "Desktop/Options.h"
 #include "Desktop/PictureProgram.h"
+#include "Desktop/QtMessages.h"
 #include "Desktop/SessionBus.h"
 #include "Desktop/Termination.h"
 #include "Desktop/X11Hints.h"
@@ -73,6 +74,7 @@ int runDesktop(int argc, char** argv) {
     }
     const auto& options = std::get<Options>(read);
     host::StreamLog log = host::StreamLog::onStandardError();
+    const QtMessages qtMessages(log);
     if (options.onlyIfArranged && ArrangementFile(ArrangementFile::standardPath(), log).isEmpty()) {
         // The bus would go on waiting for a program that it has started and that has ended well.
         return qEnvironmentVariableIsSet("DBUS_STARTER_ADDRESS") ? failureStatus : 0;

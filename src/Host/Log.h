@@ -21,7 +21,8 @@ public:
 enum class LevelPrefix { absent, present };
 
 /// Writes to a stream, one line each: what an extension said is text of a stranger, so control
-/// characters are replaced and long texts cut. A line that would wait for its reader is lost.
+/// characters are replaced and long texts cut. A line that would wait for its reader is lost. Every
+/// thread may write.
 class StreamLog final : public Log {
 public:
     StreamLog(std::FILE* stream, LevelPrefix prefix) : stream_(stream), prefix_(prefix) {}

@@ -31,6 +31,14 @@ class StreamsTest(ProbeTest):
         self.check_widgets(["sh", "-c", '{ "$0" "$@" 2>&1 >&3 | true; } 3>&1',
                             *self.probe.command()])
 
+    def test_widgets_come_where_qt_has_much_to_say_to_a_reader_that_has_gone(self):
+        self.session.environment["QT_LOGGING_RULES"] = "qt.*=true"
+        self.test_widgets_come_where_the_reader_of_standard_error_has_gone()
+
+    def test_widgets_come_where_qt_has_much_to_say_and_nobody_reads_it(self):
+        self.session.environment["QT_LOGGING_RULES"] = "qt.*=true"
+        self.test_widgets_come_where_nobody_reads_standard_error()
+
     def test_widgets_come_where_nobody_reads_standard_error(self):
         reading, writing = os.pipe()
         self.addCleanup(os.close, reading)
