@@ -30,7 +30,9 @@ void Gallery::open() {
             });
     connect(window_, &GalleryWindow::dropped, this, &Gallery::dropped);
     connect(window_, &GalleryWindow::closed, this, [this] {
-        window_ = nullptr;  // It goes by itself.
+        // It goes by itself, but not at once: a press that is under way may yet end in it.
+        window_->disconnect(this);
+        window_ = nullptr;
         emit closed();
     });
 }

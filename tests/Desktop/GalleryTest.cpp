@@ -10,6 +10,12 @@ using testing::ElementsAre;
 
 class GalleryTest : public DesktopTest {
 protected:
+    static inline const kit::Bundle oneWidget{.widgets = {{.kind = "Streak",
+                                                           .displayName = "Streak",
+                                                           .description = "",
+                                                           .families = {kit::Family::small}}},
+                                              .controls = {}};
+
     GalleryTest() {
         QObject::connect(&gallery_, &Gallery::closed, [this] { ++closed_; });
         QObject::connect(&gallery_, &Gallery::chosen,
@@ -82,14 +88,21 @@ TEST_F(GalleryTest, ItOpensAnewAfterItWasClosedEvenBeforeTheOldWindowHasGone) {
 
 TEST_F(GalleryTest, ChosenWidgetIsWantedOnTheGallerysScreen) {
     gallery_.present();
-    launcher_.last().introduce({.widgets = {{.kind = "Streak",
-                                             .displayName = "Streak",
-                                             .description = "",
-                                             .families = {kit::Family::small}}},
-                                .controls = {}});
+    launcher_.last().introduce(oneWidget);
     galleries().front()->findChild<GalleryTile*>()->click();
     EXPECT_THAT(chosen_, ElementsAre("Streak"));
     EXPECT_EQ(near_, galleries().front()->frameGeometry().center());
+}
+
+/// A press that had begun before Escape may end after it.
+TEST_F(GalleryTest, WindowThatIsClosedButHasNotGoneYetChoosesNothing) {
+    gallery_.present();
+    launcher_.last().introduce(oneWidget);
+    GalleryWindow* window = galleries().front();
+    window->close();
+    window->findChild<GalleryTile*>()->click();
+    letGo();
+    EXPECT_THAT(chosen_, testing::IsEmpty());
 }
 
 TEST_F(GalleryTest, AnotherDirectionHoldsFromTheNextOpeningOn) {
