@@ -1,6 +1,7 @@
 #include "Desktop/ShownWidgets.h"
 
 #include <QGuiApplication>
+#include <QMenu>
 #include <algorithm>
 #include <iterator>
 #include <variant>
@@ -65,6 +66,9 @@ void ShownWidgets::remove(host::WidgetId id) {
     parts_.host.remove(id);
     WidgetWindow* window = shown_.at(id).window.release();
     window->disconnect(this);
+    for (QMenu* menu : window->findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) {
+        menu->close();  // What it offers is about a widget that is not there any more.
+    }
     window->hide();
     window->deleteLater();
     shown_.erase(id);

@@ -1,3 +1,4 @@
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPointer>
 #include <gmock/gmock.h>
@@ -63,6 +64,16 @@ TEST_F(ShownWidgetsTest, WidgetsStandAtTheirPlacesFromBackToFront) {
     EXPECT_EQ(window(0).pos(), QPoint(40, 60));
     EXPECT_EQ(window(1).pos(), QPoint(300, 60));
     EXPECT_EQ(windows().size(), 2U);
+}
+
+TEST_F(ShownWidgetsTest, RemovedWidgetTakesItsOpenMenuWithIt) {
+    widgets_.add({at("Streak", {40, 60})});
+    QMenu menu(&window(0));
+    menu.addAction("Remove");
+    menu.popup({60, 80});
+    ASSERT_TRUE(menu.isVisible());
+    widgets_.remove(id(0));
+    EXPECT_FALSE(menu.isVisible());
 }
 
 TEST_F(ShownWidgetsTest, RemovedWidgetIsNoLongerSeenNorKept) {
