@@ -8,6 +8,7 @@
 
 #include "Desktop/BusService.h"
 #include "Desktop/Desktop.h"
+#include "Desktop/Instance.h"
 #include "Desktop/Termination.h"
 #include "Desktop/TrayIcon.h"
 #include "Desktop/WidgetAccessibility.h"
@@ -111,6 +112,7 @@ int showDesktop(Ground& ground, const host::LocaleVariables& sessionLocale, cons
     const Termination termination(end);
     const int status = QApplication::exec();
     desktop.save();
+    releaseInstance(bus);
     return status;
 }
 

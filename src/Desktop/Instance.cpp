@@ -30,6 +30,14 @@ Instance claimInstance(const QDBusConnection& bus, host::Log& log) {
                                                                          : Instance::later;
 }
 
+void releaseInstance(const QDBusConnection& bus) {
+    QDBusMessage release = QDBusMessage::createMethodCall(
+        "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "ReleaseName");
+    release << bus::serviceName;
+    // Nobody waits for the answer, which would hold up the end where the bus gives none.
+    static_cast<void>(bus.send(release));
+}
+
 std::optional<int> showGalleryOfFirst(const QDBusConnection& bus, host::Log& log) {
     const QDBusMessage answer = bus.call(QDBusMessage::createMethodCall(
         bus::serviceName, bus::objectPath, bus::interfaceName, "ShowGallery"));

@@ -4,6 +4,7 @@ import json
 import os
 import pathlib
 import re
+import signal
 import subprocess
 import unittest
 import xml.etree.ElementTree as xml
@@ -11,7 +12,7 @@ import xml.etree.ElementTree as xml
 from bus_double import SYSTEM_PYTHON
 from planner import DueToday, PlannerFolder, item, snapshot
 from probe import Probe
-from processes import GIVE_UP_TIME, wait_until
+from processes import GIVE_UP_TIME, children_of, wait_until
 from session import Session, binary
 
 NAME = "com.kelmarplanner.Widgets"
@@ -152,6 +153,15 @@ class ProbeOnBusTest(BusTest):
         self.probe.start_widgets()
         self.wait_for_background(BLUE)
         self.assertEqual(self.call("ReloadAllTimelines").returncode, 0)
+
+    def test_name_is_free_while_the_first_still_waits_for_its_extension(self):
+        self.assertEqual(self.call("ReloadAllTimelines").returncode, 0)
+        extension, = children_of(self.process.pid)
+        os.kill(extension, signal.SIGSTOP)
+        self.process.send_signal(signal.SIGTERM)
+        wait_until(lambda: not self.session.windows_named("Probe"), "the first's widgets to go")
+        self.assertIsNone(self.process.poll())
+        self.probe.start_widgets()
 
     def test_extension_that_does_not_explain_itself_is_not_called_healthy(self):
         explanation = self.explain("Probe")
