@@ -10,20 +10,13 @@
 #include <memory>
 #include <vector>
 
+#include "Paint/FontSet.h"
+
 namespace {
 
-enum class Content { plain, texts };
+using namespace kelmar;
 
-/// Made as the widgets' are.
-QFont fontOf(const QString& family, QFont::Weight weight, int pixelSize) {
-    QFont font;
-    font.setFamilies({family, QStringLiteral("Noto Color Emoji")});
-    font.setPixelSize(pixelSize);
-    font.setWeight(weight);
-    font.setHintingPreference(QFont::PreferNoHinting);
-    font.setStyleStrategy(QFont::NoSubpixelAntialias);
-    return font;
-}
+enum class Content { plain, texts };
 
 void writeTexts(QPainter& painter) {
     constexpr int lineHeight = 24;
@@ -35,9 +28,9 @@ void writeTexts(QPainter& painter) {
     };
     for (const auto weight :
          {QFont::Normal, QFont::Medium, QFont::DemiBold, QFont::Bold, QFont::ExtraBold}) {
-        write(fontOf("Inter", weight, 12), "Chapter 3 questions");
+        write(paint::textFont("Inter", weight, 12), "Chapter 3 questions");
     }
-    write(fontOf("Quicksand", QFont::Bold, 24), "25:00");
+    write(paint::textFont("Quicksand", QFont::Bold, 24), "25:00");
 }
 
 class PlainWindow final : public QWidget {

@@ -35,24 +35,11 @@ QFont::Weight weightOf(kit::FontWeight weight) {
 /// made for a small size has stronger stems, and would lose them if it were larger and scaled down.
 constexpr std::array<int, 4> sharedSizes{12, 24, 48, 96};
 
-QFont fontOf(const QString& family, QFont::Weight weight, int pixelSize) {
-    QFont font;
-    // The emoji family stands second so that emoji come in colour where it is installed; what
-    // neither has, Qt finds among the other fonts.
-    font.setFamilies({family, QStringLiteral("Noto Color Emoji")});
-    font.setPixelSize(pixelSize);
-    font.setWeight(weight);
-    font.setHintingPreference(QFont::PreferNoHinting);
-    // Coloured fringes would be wrong on a picture whose place on the screen is not known yet.
-    font.setStyleStrategy(QFont::NoSubpixelAntialias);
-    return font;
-}
-
 /// A font for looking at a family, one that the design's texts are then drawn with: one less to
 /// make ready.
 QFont sampleOf(const QString& family, kit::FontDesign design) {
-    return design == kit::FontDesign::rounded ? fontOf(family, QFont::Bold, sharedSizes[1])
-                                              : fontOf(family, QFont::Normal, sharedSizes[0]);
+    return design == kit::FontDesign::rounded ? textFont(family, QFont::Bold, sharedSizes[1])
+                                              : textFont(family, QFont::Normal, sharedSizes[0]);
 }
 
 /// Asks the font alone, not those that Qt would take missing letters from.
@@ -139,6 +126,19 @@ QString uiFamily(const QString& wanted) {
 
 }  // namespace
 
+QFont textFont(const QString& family, QFont::Weight weight, int pixelSize) {
+    QFont font;
+    // The emoji family stands second so that emoji come in colour where it is installed; what
+    // neither has, Qt finds among the other fonts.
+    font.setFamilies({family, QStringLiteral("Noto Color Emoji")});
+    font.setPixelSize(pixelSize);
+    font.setWeight(weight);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    // Coloured fringes would be wrong on a picture whose place on the screen is not known yet.
+    font.setStyleStrategy(QFont::NoSubpixelAntialias);
+    return font;
+}
+
 int FontSet::sharedSize(double size) {
     const auto shared = std::ranges::find_if(
         sharedSizes, [&](int each) { return size < each * std::numbers::sqrt2; });
@@ -160,7 +160,7 @@ const FontSet::Family& FontSet::of(kit::FontDesign design) const {
 
 QFont FontSet::font(const kit::Font& font, int pixelSize) const {
     const Family& family = of(font.design);
-    return fontOf(family.name, nearest(weightOf(font.weight), family.weights), pixelSize);
+    return textFont(family.name, nearest(weightOf(font.weight), family.weights), pixelSize);
 }
 
 }  // namespace kelmar::paint

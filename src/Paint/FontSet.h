@@ -8,6 +8,10 @@
 
 namespace kelmar::paint {
 
+/// A font as texts are set in it. Glyphs are not hinted, which keeps widths proportional to the
+/// size.
+[[nodiscard]] QFont textFont(const QString& family, QFont::Weight weight, int pixelSize);
+
 /// The font families behind the fonts that widgets name. A family that is not installed, or that
 /// cannot write plain letters and digits, is replaced by one that is there and can, so that a
 /// widget never loses its texts to the user's font settings.
@@ -22,8 +26,7 @@ public:
     [[nodiscard]] const QString& family(kit::FontDesign design) const { return of(design).name; }
 
     /// A font of a whole number of pixels: Qt rounds other sizes, so whoever draws or measures at
-    /// another size scales by itself. Glyphs are not hinted, which keeps widths proportional to
-    /// the size.
+    /// another size scales by itself.
     [[nodiscard]] QFont font(const kit::Font& font, int pixelSize) const;
 
     /// The size, in pixels, of the font that texts of a size are measured and drawn with, by

@@ -4,18 +4,14 @@ import os
 import shutil
 import unittest
 
-from probe import LINK, Probe
+from probe import LINK, ProbeTest
 from processes import wait_until
-from session import Session, binary
+from session import binary
 
 
-class InstalledTest(unittest.TestCase):
+class InstalledTest(ProbeTest):
     def setUp(self):
-        self.session = Session()
-        self.addCleanup(self.session.end)
-        self.session.start()
-        self.session.register_recording_planner("probe")
-        self.probe = Probe(self.session)
+        super().setUp()
         self.prefix = os.path.join(self.session.folder, "installed")
         self.install("kelmar-widgets", "bin")
 
