@@ -1,10 +1,10 @@
 #include "Host/SettingsWatch.h"
 
+#include <QFile>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <fmt/format.h>
-#include <fstream>
 #include <optional>
 #include <set>
 #include <string_view>
@@ -97,9 +97,12 @@ std::string SettingsWatch::timeZoneFile() const {
 LocaleVariables SettingsWatch::readLocale() const {
     LocaleVariables variables;
     for (const std::string& path : files_.locale) {
-        std::ifstream file(path);
-        for (std::string line; std::getline(file, line);) {
-            if (auto assignment = assignmentIn(line)) {
+        QFile file(QString::fromStdString(path));
+        if (!file.open(QIODevice::ReadOnly)) {
+            continue;
+        }
+        for (const QByteArray& line : file.readAll().split('\n')) {
+            if (auto assignment = assignmentIn(line.toStdString())) {
                 variables.insert_or_assign(assignment->first, std::move(assignment->second));
             }
         }
