@@ -1,11 +1,10 @@
 #pragma once
 
-#include <QMenu>
 #include <QObject>
 #include <memory>
 
-#include "Desktop/ControlEntries.h"
 #include "Desktop/Look.h"
+#include "Desktop/TrayMenu.h"
 #include "Desktop/TrayWatch.h"
 #include "Host/Log.h"
 #include "Host/WidgetHost.h"
@@ -15,8 +14,8 @@ class QSystemTrayIcon;
 
 namespace kelmar::desktop {
 
-/// The program's icon in the tray, as soon as there is a tray, with a menu of the extension's
-/// controls and of what concerns all widgets.
+/// The program's icon in the tray, with its menu. Neither is made before there is a tray: many
+/// desktops have none.
 class TrayIcon final : public QObject {
     Q_OBJECT
 
@@ -32,7 +31,6 @@ public:
     explicit TrayIcon(const Parts& parts);
     ~TrayIcon() override;
 
-    [[nodiscard]] const QMenu& menu() const { return menu_; }
     /// Whether there is a tray that it is in.
     [[nodiscard]] bool isShown() const { return icon_ != nullptr; }
 
@@ -48,10 +46,9 @@ private:
     void tellThereIsNone();
 
     Parts parts_;
-    QMenu menu_;
     TrayWatch watch_;
     paint::SymbolSet symbols_;
-    ControlEntries* controls_ = nullptr;
+    std::unique_ptr<TrayMenu> menu_;
     std::unique_ptr<QSystemTrayIcon> icon_;
 };
 

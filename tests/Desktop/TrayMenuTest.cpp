@@ -1,9 +1,7 @@
-#include <QMenu>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "Desktop/SymbolIcon.h"
-#include "Desktop/TrayIcon.h"
+#include "Desktop/TrayMenu.h"
 #include "Host/HostParts.h"
 #include "tests/Desktop/FoundFonts.h"
 #include "tests/Desktop/RecordingLog.h"
@@ -12,7 +10,7 @@
 namespace kelmar::desktop {
 namespace {
 
-class TrayIconTest : public testing::Test {
+class TrayMenuTest : public testing::Test {
 protected:
     host::RecordingUrlOpener opener_;
     system::ManualClock clock_{system::Date::since1970(1'760'000'000)};
@@ -28,54 +26,39 @@ protected:
     PortalSettings settings_{log_};
     Look look_{settings_, SchemeChoice::light, foundFonts()};
     system::EnglishLocalization texts_;
-    TrayIcon tray_{{.host = host_, .look = look_, .texts = texts_, .log = log_}};
+    TrayMenu menu_{{.host = host_, .look = look_, .texts = texts_}};
 };
 
-TEST_F(TrayIconTest, MenuHoldsTheControlsTheGalleryAndTheEnd) {
+TEST_F(TrayMenuTest, MenuHoldsTheControlsTheGalleryAndTheEnd) {
     launcher_.last().introduce(
         {.widgets = {}, .controls = {{.kind = "Lamp", .displayName = "Lamp", .description = ""}}});
     std::vector<std::string> entries;
-    for (const QAction* action : tray_.menu().actions()) {
+    for (const QAction* action : menu_.actions()) {
         entries.push_back(action->isSeparator() ? "-" : action->text().toStdString());
     }
     EXPECT_THAT(entries, testing::ElementsAre("Lamp", "-", "Add widgets…",
                                               "Use widgets by keyboard", "Quit"));
 }
 
-TEST_F(TrayIconTest, MenuAsksForTheGallery) {
+TEST_F(TrayMenuTest, MenuAsksForTheGallery) {
     int wishes = 0;
-    QObject::connect(&tray_, &TrayIcon::galleryRequested, [&] { ++wishes; });
-    tray_.menu().actions().constFirst()->trigger();
+    QObject::connect(&menu_, &TrayMenu::galleryRequested, [&] { ++wishes; });
+    menu_.actions().constFirst()->trigger();
     EXPECT_EQ(wishes, 1);
 }
 
-TEST_F(TrayIconTest, EntryForTheKeyboardAsksForIt) {
+TEST_F(TrayMenuTest, EntryForTheKeyboardAsksForIt) {
     int requests = 0;
-    QObject::connect(&tray_, &TrayIcon::keyboardRequested, [&] { ++requests; });
-    tray_.menu().actions().at(1)->trigger();
+    QObject::connect(&menu_, &TrayMenu::keyboardRequested, [&] { ++requests; });
+    menu_.actions().at(1)->trigger();
     EXPECT_EQ(requests, 1);
 }
 
-TEST_F(TrayIconTest, LastEntryAsksForTheEnd) {
+TEST_F(TrayMenuTest, LastEntryAsksForTheEnd) {
     int ends = 0;
-    QObject::connect(&tray_, &TrayIcon::quitRequested, [&] { ++ends; });
-    tray_.menu().actions().constLast()->trigger();
+    QObject::connect(&menu_, &TrayMenu::quitRequested, [&] { ++ends; });
+    menu_.actions().constLast()->trigger();
     EXPECT_EQ(ends, 1);
-}
-
-TEST(SymbolIcon, CardShowsASymbolInWhiteOnItsColour) {
-    const QImage image =
-        cardIcon(paint::SymbolSet(), "timer", QColor(10, 20, 200)).pixmap(32).toImage();
-    EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
-    EXPECT_EQ(image.pixelColor(16, 1), QColor(10, 20, 200));
-    int white = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            white += image.pixelColor(x, y) == Qt::white ? 1 : 0;
-        }
-    }
-    EXPECT_GT(white, 20);
-    EXPECT_LT(white, 300);
 }
 
 }  // namespace
