@@ -40,8 +40,10 @@ private:
     [[nodiscard]] View readNode(const JsonValue& json);
 
     [[nodiscard]] Children readChildren(const JsonValue& json) {
+        const std::vector<JsonValue> elements = json.elements();
         Children views;
-        for (const JsonValue& element : json.elements()) {
+        views.reserve(elements.size());
+        for (const JsonValue& element : elements) {
             views.push_back(readView(element));
         }
         return views;

@@ -32,6 +32,7 @@ std::vector<JsonValue> JsonValue::elements() const {
         refuse("an array");
     }
     std::vector<JsonValue> values;
+    values.reserve(array.size());
     for (const simdjson::dom::element element : array) {
         values.push_back(JsonValue(element, *this, values.size()));
     }

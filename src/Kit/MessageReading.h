@@ -33,8 +33,10 @@ public:
 private:
     template <class Item>
     [[nodiscard]] std::vector<Item> readList(const JsonValue& json) {
+        const std::vector<JsonValue> elements = json.elements();
         std::vector<Item> items;
-        for (const JsonValue& element : json.elements()) {
+        items.reserve(elements.size());
+        for (const JsonValue& element : elements) {
             items.push_back(read<Item>(element));
         }
         return items;
