@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <vector>
 
 #include "Paint/WidgetPicture.h"
@@ -21,6 +22,7 @@ QRegion cardRegion(QSize window) {
         return QRect(inset, y, window.width() - 2 * inset, 1);
     };
     std::vector<QRect> lines;
+    lines.reserve(2 * static_cast<std::size_t>(roundedLines) + 1);
     for (int y = 0; y < roundedLines; ++y) {
         lines.push_back(line(y, y));
     }

@@ -85,7 +85,7 @@ int showDesktop(Ground& ground, const host::LocaleVariables& sessionLocale, cons
                          setMenuDirection(direction);
                          desktop.setDirection(direction);
                      });
-    const TrayIcon tray({.host = ground.host, .look = look, .texts = texts, .log = log});
+    const TrayIcon tray({.host = ground.host, .look = look, .texts = texts}, log);
     std::optional<BusService> busService;
     if (bus.isConnected()) {
         busService.emplace(

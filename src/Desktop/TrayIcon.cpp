@@ -14,7 +14,7 @@ const QColor defaultCard(0x4F, 0x46, 0xE5);
 
 }  // namespace
 
-TrayIcon::TrayIcon(const Parts& parts) : parts_(parts) {
+TrayIcon::TrayIcon(const TrayMenu::Parts& parts, host::Log& log) : parts_(parts), log_(log) {
     connect(&watch_, &TrayWatch::found, this, &TrayIcon::appear);
     connect(&watch_, &TrayWatch::missing, this, &TrayIcon::tellThereIsNone);
     watch_.start();
@@ -23,7 +23,7 @@ TrayIcon::TrayIcon(const Parts& parts) : parts_(parts) {
 TrayIcon::~TrayIcon() = default;
 
 void TrayIcon::appear() {
-    menu_ = std::make_unique<TrayMenu>(TrayMenu::Parts{parts_.host, parts_.look, parts_.texts});
+    menu_ = std::make_unique<TrayMenu>(parts_);
     connect(menu_.get(), &TrayMenu::galleryRequested, this, &TrayIcon::galleryRequested);
     connect(menu_.get(), &TrayMenu::keyboardRequested, this, &TrayIcon::keyboardRequested);
     connect(menu_.get(), &TrayMenu::quitRequested, this, &TrayIcon::quitRequested);
@@ -52,9 +52,9 @@ void TrayIcon::describe() {
 }
 
 void TrayIcon::tellThereIsNone() {
-    parts_.log.write(host::LogLevel::notice,
-                     "There is no system tray: until one comes, everything is in the widgets' own "
-                     "menus only.");
+    log_.write(host::LogLevel::notice,
+               "There is no system tray: until one comes, everything is in the widgets' own "
+               "menus only.");
 }
 
 }  // namespace kelmar::desktop

@@ -3,12 +3,9 @@
 #include <QObject>
 #include <memory>
 
-#include "Desktop/Look.h"
 #include "Desktop/TrayMenu.h"
 #include "Desktop/TrayWatch.h"
 #include "Host/Log.h"
-#include "Host/WidgetHost.h"
-#include "System/Localization.h"
 
 class QSystemTrayIcon;
 
@@ -20,15 +17,8 @@ class TrayIcon final : public QObject {
     Q_OBJECT
 
 public:
-    /// All of them outlive the icon.
-    struct Parts {
-        host::WidgetHost& host;
-        const Look& look;
-        const system::Localization& texts;
-        host::Log& log;
-    };
-
-    explicit TrayIcon(const Parts& parts);
+    /// What the menu is made of, and the log, outlive the icon.
+    TrayIcon(const TrayMenu::Parts& parts, host::Log& log);
     ~TrayIcon() override;
 
     /// Whether there is a tray that it is in.
@@ -45,7 +35,8 @@ private:
     void describe();
     void tellThereIsNone();
 
-    Parts parts_;
+    TrayMenu::Parts parts_;
+    host::Log& log_;
     TrayWatch watch_;
     paint::SymbolSet symbols_;
     std::unique_ptr<TrayMenu> menu_;
