@@ -1,31 +1,13 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "Desktop/TrayMenu.h"
-#include "Host/HostParts.h"
-#include "tests/Desktop/FoundFonts.h"
-#include "tests/Desktop/RecordingLog.h"
-#include "tests/Host/Fakes.h"
+#include "tests/Desktop/DesktopTest.h"
 
 namespace kelmar::desktop {
 namespace {
 
-class TrayMenuTest : public testing::Test {
+class TrayMenuTest : public DesktopTest {
 protected:
-    host::RecordingUrlOpener opener_;
-    system::ManualClock clock_{system::Date::since1970(1'760'000'000)};
-    host::ManualWallClockTimer wallClockTimer_;
-    host::ManualTimers timers_;
-    host::FakeLauncher launcher_;
-    host::ManualFileWatch fileWatch_;
-    test::RecordingLog log_;
-    host::WidgetHost host_{
-        {.executable = "/opt/lamp-extension", .urlScheme = "lamp", .reloadOnChange = {}},
-        host::HostParts{opener_, clock_, wallClockTimer_, timers_, launcher_, fileWatch_, log_,
-                        host::HostLimits{}}};
-    PortalSettings settings_{log_};
-    Look look_{settings_, SchemeChoice::light, foundFonts()};
-    system::EnglishLocalization texts_;
     TrayMenu menu_{{.host = host_, .look = look_, .texts = texts_}};
 };
 
